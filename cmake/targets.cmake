@@ -1,0 +1,25 @@
+# warnings       what every target of the tree is compiled with
+# lean_code      the tool and the platform library: no exceptions, no run-time types, each function its own section
+# lean_program   how they are linked: libc and the platform library at run time, nothing else
+
+add_library(warnings INTERFACE)
+target_compile_options(warnings INTERFACE -Wall -Wextra -Wconversion -Wshadow -Wformat=2)
+target_include_directories(warnings INTERFACE ${PROJECT_SOURCE_DIR})
+
+add_library(lean_code INTERFACE)
+target_link_libraries(lean_code INTERFACE warnings)
+target_compile_options(lean_code INTERFACE
+    -fno-exceptions -fno-rtti -fno-threadsafe-statics -ffp-contract=off -ffunction-sections -fdata-sections
+    $<$<CONFIG:Release>:-fno-asynchronous-unwind-tables>)
+
+# Packed relative relocations make the tool smaller and start faster; they need glibc 2.36 or later on the board.
+include(CheckLinkerFlag)
+check_linker_flag(CXX -Wl,-z,pack-relative-relocs HAVE_PACKED_RELOCATIONS)
+option(CFGTOOL_PACKED_RELOCATIONS "Pack the tool's relative relocations" ${HAVE_PACKED_RELOCATIONS})
+
+add_library(lean_program INTERFACE)
+target_link_options(lean_program INTERFACE
+    -static-libgcc -static-libstdc++ -Wl,--gc-sections -Wl,--as-needed -Wl,-O1 -Wl,--hash-style=gnu)
+if(CFGTOOL_PACKED_RELOCATIONS)
+    target_link_options(lean_program INTERFACE -Wl,-z,pack-relative-relocs)
+endif()
