@@ -1,0 +1,23 @@
+/// Files of the controller.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+/// Length of a file; -1 = it cannot be examined.
+long get_file_length(const char *path);
+
+/// Opens a regular file for reading, never a pipe or a device, which could keep the tool waiting or reading for ever.
+/// The descriptor; -1 = there is none.
+int open_regular(const char *path);
+
+/// Reads up to `size` bytes; fewer at the end of the file or where reading fails.
+size_t read_up_to(int file, void *to, size_t size);
+
+/// How putting a new file in the place of a path ended.
+enum class replaced { yes, not_opened, not_written };
+
+/// Writes a file beside the path and puts it in its place when it is whole, so that a failure leaves what was there and
+/// a link is replaced, not followed.
+replaced replace_file(const char *path, std::span<const uint8_t> content);

@@ -1,0 +1,11 @@
+#include "ipmi/request.h"
+
+#include "platform/platform.h"
+
+ipmi_request::~ipmi_request() { vos_memset(&record, sizeof record, 0, sizeof record); }
+
+ipmi_request &ipmi_request::oem()
+{
+    static_assert(OEM_IANA >= 0 && OEM_IANA <= 0xFFFFFF, "an enterprise number has three bytes here");
+    return u16le(uint16_t(OEM_IANA)).u8(uint8_t(OEM_IANA >> 16));
+}
