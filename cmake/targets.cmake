@@ -15,7 +15,10 @@ target_compile_options(lean_code INTERFACE
 # Packed relative relocations make the tool smaller and start faster; they need glibc 2.36 or later on the board.
 include(CheckLinkerFlag)
 check_linker_flag(CXX -Wl,-z,pack-relative-relocs HAVE_PACKED_RELOCATIONS)
-option(CFGTOOL_PACKED_RELOCATIONS "Pack the tool's relative relocations" ${HAVE_PACKED_RELOCATIONS})
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "^arm") # the linker takes the option there and ignores it
+    set(HAVE_PACKED_RELOCATIONS OFF)
+endif()
+option(CFGTOOL_PACKED_RELOCATIONS "Pack relative relocations" ${HAVE_PACKED_RELOCATIONS})
 
 add_library(lean_program INTERFACE)
 target_link_options(lean_program INTERFACE
