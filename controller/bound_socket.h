@@ -1,0 +1,48 @@
+/// A listening socket in the file system that only one process at a time has.
+#pragma once
+
+#include <filesystem>
+#include <sys/types.h>
+
+namespace ipmcd
+{
+
+/// A descriptor that closes itself.
+class descriptor
+{
+public:
+    explicit descriptor(int fd = -1) : number(fd) {}
+    descriptor(descriptor &&other) noexcept;
+    descriptor &operator=(descriptor &&other) noexcept;
+    ~descriptor();
+    int get() const { return number; }
+
+private:
+    int number;
+};
+
+/// Non-blocking, bound to a path. Holds a lock on "<path>.lock" while it lives; takes over what a dead process left
+/// behind and removes both files in the end.
+class bound_socket
+{
+public:
+    /// `type` is SOCK_DGRAM or SOCK_STREAM, `mode` who may connect. Throws std::runtime_error, with the path in its
+    /// text, when somebody alive has the path, when it is no socket, or when it cannot be bound.
+    bound_socket(std::filesystem::path path, int type, mode_t mode);
+    ~bound_socket();
+    bound_socket(const bound_socket &) = delete;
+    bound_socket &operator=(const bound_socket &) = delete;
+
+    int get() const { return socket.get(); }
+
+private:
+    std::filesystem::path path;
+    std::filesystem::path lock_path;
+    descriptor lock;
+    descriptor socket;
+};
+
+/// Connects a stream socket. Throws std::runtime_error with the path in its text.
+descriptor connect_stream(const std::filesystem::path &path);
+
+}  // namespace ipmcd

@@ -1,0 +1,115 @@
+/// What the controller says of itself, and its cold reset.
+#include "controller/controller.h"
+#include "controller/text.h"
+
+namespace ipmcd
+{
+
+namespace
+{
+
+constexpr uint8_t ipmi_version_2_0 = 0x02;  // BCD, low digit first
+constexpr uint8_t provides_device_sdrs = 0x80;
+
+struct device_state {
+    uint8_t device_id = 0x20;
+    uint8_t revision = 1;  // 0 to 15
+    uint8_t firmware_major = 1;
+    uint8_t firmware_minor = 0;  // 0 to 99
+    bool device_sdrs = false;    // sensors tell their own records, beside or instead of the SDR repository
+    uint8_t support = 0;         // IPMI 2.0, Get Device ID, additional device support: a bit for each function present
+    uint16_t product = 1;
+    uint32_t cold_resets = 0;  // so far
+};
+
+class device final : public family
+{
+public:
+    explicit device(controller &owner) : restart_of_all(owner.timers().make_timer([&owner] { owner.restart(); })) {}
+
+    const char *name() const override { return "device"; }
+    std::span<const command> commands() const override;
+    void reset() override { state = {}; }
+    json to_json() const override;
+    void from_json(const json &json) override;
+
+private:
+    static const command table[];
+
+    completion get_device_id(byte_reader &request, byte_writer &answer);
+    completion cold_reset(byte_reader &request, byte_writer &answer);
+
+    device_state state;
+    std::unique_ptr<timer> restart_of_all;
+};
+
+uint8_t to_bcd(uint8_t number) { return uint8_t(number / 10 << 4 | number % 10); }
+
+completion device::get_device_id(byte_reader &, byte_writer &answer)
+{
+    answer.u8(state.device_id).u8(uint8_t(state.revision | (state.device_sdrs ? provides_device_sdrs : 0)));
+    answer.u8(state.firmware_major).u8(to_bcd(state.firmware_minor)).u8(ipmi_version_2_0).u8(state.support);
+    answer.bytes(oem_iana).u16le(state.product);
+    return completion::ok;
+}
+
+/// The answer still goes out.
+completion device::cold_reset(byte_reader &, byte_writer &)
+{
+    state.cold_resets++;
+    restart_of_all->start(std::chrono::milliseconds(0));
+    return completion::ok;
+}
+
+json device::to_json() const
+{
+    return {{"device_id", state.device_id},
+            {"revision", state.revision},
+            {"firmware_major", state.firmware_major},
+            {"firmware_minor", state.firmware_minor},
+            {"device_sdrs", state.device_sdrs},
+            {"support", state.support},
+            {"product", state.product},
+            {"cold_resets", state.cold_resets}};
+}
+
+void device::from_json(const json &json)
+{
+    device_state wanted = state;
+    json_fields fields(json, "/device");
+    fields.number("device_id", wanted.device_id, 0, 255);
+    fields.number("revision", wanted.revision, 0, 15);
+    fields.number("firmware_major", wanted.firmware_major, 0, 127);
+    fields.number("firmware_minor", wanted.firmware_minor, 0, 99);
+    fields.boolean("device_sdrs", wanted.device_sdrs);
+    fields.number("support", wanted.support, 0, 255);
+    fields.number("product", wanted.product, 0, 65535);
+    fields.number("cold_resets", wanted.cold_resets, 0, UINT32_MAX);
+    fields.done();
+    state = wanted;
+}
+
+std::string words_of_device_id(byte_reader &data)
+{
+    const uint8_t device_id = data.u8();
+    data.u8();
+    const uint8_t major = data.u8();
+    return text("device 0x%02X, firmware %u.%02X", device_id, major, data.u8());
+}
+
+const command device::table[] = {
+    {.netfn = netfn::app,
+     .number = 0x01,
+     .name = "Get Device ID",
+     .run = call<&device::get_device_id>,
+     .answer_words = words_of_device_id},
+    {.netfn = netfn::app, .number = 0x02, .name = "Cold Reset", .run = call<&device::cold_reset>},
+};
+
+std::span<const command> device::commands() const { return table; }
+
+}  // namespace
+
+std::unique_ptr<family> make_device(controller &owner) { return std::make_unique<device>(owner); }
+
+}  // namespace ipmcd

@@ -1,0 +1,348 @@
+/// The System Event Log (IPMI 2.0, SEL commands).
+#include "controller/controller.h"
+#include "controller/families/clock.h"
+#include "controller/text.h"
+
+#include <algorithm>
+
+namespace ipmcd
+{
+
+namespace
+{
+
+constexpr uint8_t sel_version = 0x51;  // BCD, low digit first: 1.5
+constexpr size_t record_size = 16;
+constexpr size_t capacity = 1024;
+constexpr uint32_t default_erase_ms = 1000, longest_erase_ms = 600'000;
+
+constexpr completion record_type_unknown{0x80}, erase_in_progress{0x81};
+
+constexpr uint16_t first_record = 0x0000, last_record = 0xFFFF;  // record ids with a meaning of their own
+constexpr uint8_t whole_record = 0xFF;
+
+constexpr uint8_t initiate_erase = 0xAA, get_erasure_status = 0x00;
+
+using record = std::array<uint8_t, record_size>;
+
+// Record types: a system event, the maker's events with and without a time
+constexpr uint8_t system_event = 0x02, first_oem_timed = 0xC0, first_oem_untimed = 0xE0;
+bool is_timed(uint8_t type) { return type == system_event || (type >= first_oem_timed && type < first_oem_untimed); }
+bool is_known_type(uint8_t type) { return type == system_event || type >= first_oem_timed; }
+
+struct sel_state {
+    std::vector<record> records;  // ids 1, 2, 3 ...: nothing is ever taken out but all at once
+    uint32_t last_addition = 0;
+    uint32_t last_erase = 0;
+    bool overflow = false;  // events were lost since the last erase
+    bool erasing = false;
+    uint32_t erase_ms = default_erase_ms;
+};
+
+class sel final : public family
+{
+public:
+    explicit sel(controller &owner)
+        : machine(owner.timers()), clock(owner.shared<board_clock>()),
+          erasure(owner.timers().make_timer([this] { finish_erase(); }))
+    {
+    }
+
+    const char *name() const override { return "sel"; }
+    std::span<const command> commands() const override;
+    void reset() override;
+    void restart() override { reservation = 0; }
+    json to_json() const override;
+    void from_json(const json &json) override;
+
+private:
+    static const command table[];
+
+    completion get_info(byte_reader &request, byte_writer &answer);
+    completion reserve(byte_reader &request, byte_writer &answer);
+    completion get_entry(byte_reader &request, byte_writer &answer);
+    completion add_entry(byte_reader &request, byte_writer &answer);
+    completion clear(byte_reader &request, byte_writer &answer);
+
+    size_t index_of(uint16_t id) const;
+    bool is_reserved(uint16_t id) const { return reservation != 0 && id == reservation; }
+    void start_erase();
+    void finish_erase();
+    void take_over(const sel_state &wanted);
+
+    const scheduler &machine;
+    const board_clock &clock;
+    sel_state state;
+    uint16_t reservation = 0;       // 0 = nobody has one
+    uint16_t last_reservation = 0;  // so that none comes twice
+    std::unique_ptr<timer> erasure;
+};
+
+void sel::reset()
+{
+    take_over({});
+    reservation = 0;
+}
+
+/// An erase under way starts anew: how far it was is not part of the state.
+void sel::take_over(const sel_state &wanted)
+{
+    state = wanted;
+    erasure->stop();
+    if (state.erasing)
+        start_erase();
+}
+
+completion sel::get_info(byte_reader &, byte_writer &answer)
+{
+    constexpr uint8_t can_be_reserved = 0x02, overflow = 0x80;
+    if (state.erasing)
+        return erase_in_progress;
+    answer.u8(sel_version).u16le(uint16_t(state.records.size()));
+    answer.u16le(uint16_t((capacity - state.records.size()) * record_size));
+    answer.u32le(state.last_addition).u32le(state.last_erase);
+    answer.u8(uint8_t(can_be_reserved | (state.overflow ? overflow : 0)));
+    return completion::ok;
+}
+
+completion sel::reserve(byte_reader &, byte_writer &answer)
+{
+    if (state.erasing)
+        return erase_in_progress;
+    last_reservation = last_reservation == UINT16_MAX ? uint16_t{1} : uint16_t(last_reservation + 1);
+    reservation = last_reservation;
+    answer.u16le(reservation);
+    return completion::ok;
+}
+
+/// Beyond the end when there is no such record.
+size_t sel::index_of(uint16_t id) const
+{
+    if (id == first_record)
+        return 0;
+    return (id == last_record ? state.records.size() : id) - 1U;
+}
+
+/// A reservation is needed for a record in pieces only: to go on behind its beginning.
+completion sel::get_entry(byte_reader &request, byte_writer &answer)
+{
+    if (state.erasing)
+        return erase_in_progress;
+    const uint16_t given = request.u16le();
+    const size_t index = index_of(request.u16le());
+    const size_t offset = request.u8();
+    const size_t count = request.u8();
+    if (offset != 0 && !is_reserved(given))
+        return completion::reservation_cancelled;
+    if (index >= state.records.size())
+        return completion::not_present;
+    if (offset >= record_size || (count != whole_record && count > record_size - offset))
+        return completion::out_of_range;
+    const bool is_last = index + 1 == state.records.size();
+    answer.u16le(is_last ? last_record : uint16_t(index + 2));
+    answer.bytes(std::span(state.records[index]).subspan(offset, std::min(count, record_size - offset)));
+    return completion::ok;
+}
+
+/// The log gives the record its id, and its time unless it is of a kind without one.
+completion sel::add_entry(byte_reader &request, byte_writer &answer)
+{
+    if (state.erasing)
+        return erase_in_progress;
+    record added{};
+    std::ranges::copy(request.bytes(record_size), added.begin());
+    if (!is_known_type(added[2]))
+        return record_type_unknown;
+    if (state.records.size() == capacity) {
+        state.overflow = true;
+        return completion::out_of_space;
+    }
+    const auto id = uint16_t(state.records.size() + 1);
+    const uint32_t now = clock.time(machine);
+    added[0] = uint8_t(id);
+    added[1] = uint8_t(id >> 8);
+    if (is_timed(added[2]))
+        for (unsigned i = 0; i < sizeof now; i++)
+            added[3 + i] = uint8_t(now >> 8 * i);
+    state.records.push_back(added);
+    state.last_addition = now;
+    answer.u16le(id);
+    return completion::ok;
+}
+
+/// The reservation stays with whoever ordered an erase, to ask how far it is.
+completion sel::clear(byte_reader &request, byte_writer &answer)
+{
+    static constexpr uint8_t magic[] = {'C', 'L', 'R'};
+    const uint16_t given = request.u16le();
+    const auto letters = request.bytes(std::size(magic));
+    const uint8_t action = request.u8();
+    if (!std::ranges::equal(letters, magic) || (action != initiate_erase && action != get_erasure_status))
+        return completion::invalid_field;
+    if (!is_reserved(given))
+        return completion::reservation_cancelled;
+    if (action == initiate_erase && !state.erasing)
+        start_erase();
+    constexpr uint8_t in_progress = 0, completed = 1;
+    answer.u8(state.erasing ? in_progress : completed);
+    return completion::ok;
+}
+
+void sel::start_erase()
+{
+    state.erasing = true;
+    if (state.erase_ms == 0)
+        finish_erase();
+    else
+        erasure->start(std::chrono::milliseconds(state.erase_ms));
+}
+
+void sel::finish_erase()
+{
+    state.records.clear();
+    state.overflow = false;
+    state.erasing = false;
+    state.last_erase = clock.time(machine);
+}
+
+// Words and JSON -----------------------------------------------------------------------------------------------------
+
+json sel::to_json() const
+{
+    json records = json::array();
+    for (const record &one : state.records)
+        records.push_back(hex(one));
+    return {{"records", records},
+            {"last_addition", state.last_addition},
+            {"last_erase", state.last_erase},
+            {"overflow", state.overflow},
+            {"erasing", state.erasing},
+            {"erase_ms", state.erase_ms}};
+}
+
+std::vector<record> records_from_json(const json &given, const json_fields &fields)
+{
+    std::vector<record> records;
+    if (!given.is_array() || given.size() > capacity)
+        fields.refuse("records", text("a list of at most %zu records is needed here", capacity));
+    for (const auto &item : given) {
+        const auto bytes = item.is_string() ? parse_hex(item.get_ref<const std::string &>()) : std::vector<uint8_t>();
+        record one{};
+        if (bytes.size() != record_size)
+            fields.refuse("records", "16 bytes in hexadecimal are needed for each record");
+        std::ranges::copy(bytes, one.begin());
+        const auto id = size_t(one[0] | one[1] << 8);
+        if (id != records.size() + 1 || !is_known_type(one[2]))
+            fields.refuse("records", "record ids 1, 2, 3 ... and record types 02 or C0 to FF are needed here");
+        records.push_back(one);
+    }
+    return records;
+}
+
+void sel::from_json(const json &json)
+{
+    sel_state wanted = state;
+    json_fields fields(json, "/sel");
+    if (const auto *given = fields.find("records"))
+        wanted.records = records_from_json(*given, fields);
+    fields.number("last_addition", wanted.last_addition, 0, UINT32_MAX);
+    fields.number("last_erase", wanted.last_erase, 0, UINT32_MAX);
+    fields.boolean("overflow", wanted.overflow);
+    fields.boolean("erasing", wanted.erasing);
+    fields.number("erase_ms", wanted.erase_ms, 0, longest_erase_ms);
+    fields.done();
+    take_over(wanted);
+}
+
+std::string words_of_info(byte_reader &data)
+{
+    data.u8();
+    const uint16_t records = data.u16le();
+    return text("%u records, %u bytes free", records, data.u16le());
+}
+
+std::string words_of_reservation(byte_reader &data) { return text("reservation %u", data.u16le()); }
+
+std::string words_of_record_id(uint16_t id)
+{
+    return id == first_record ? "first record" : id == last_record ? "last record" : text("record %u", id);
+}
+
+std::string words_of_entry_request(byte_reader &data)
+{
+    data.u16le();
+    const std::string which = words_of_record_id(data.u16le());
+    const uint8_t offset = data.u8();
+    const uint8_t count = data.u8();
+    if (offset == 0 && count == whole_record)
+        return which;
+    return which + (count == whole_record ? text(" from byte %u", offset) : text(", %u bytes from %u", count, offset));
+}
+
+std::string words_of_entry_answer(byte_reader &data)
+{
+    const uint16_t next = data.u16le();
+    return next == last_record ? "no next record" : text("next record %u", next);
+}
+
+std::string words_of_new_entry(byte_reader &data)
+{
+    data.u16le();
+    return text("type 0x%02X", data.u8());
+}
+
+std::string words_of_new_id(byte_reader &data) { return text("record %u", data.u16le()); }
+
+std::string words_of_clear(byte_reader &data)
+{
+    const std::string whose = words_of_reservation(data);
+    data.bytes(3);
+    const uint8_t action = data.u8();
+    return whose + (action == initiate_erase       ? ", erase"
+                    : action == get_erasure_status ? ", how far is it"
+                                                   : text(", action 0x%02X", action));
+}
+
+std::string words_of_progress(byte_reader &data) { return (data.u8() & 0x0F) == 0 ? "in progress" : "completed"; }
+
+const command sel::table[] = {
+    {.netfn = netfn::storage,
+     .number = 0x40,
+     .name = "Get SEL Info",
+     .run = call<&sel::get_info>,
+     .answer_words = words_of_info},
+    {.netfn = netfn::storage,
+     .number = 0x42,
+     .name = "Reserve SEL",
+     .run = call<&sel::reserve>,
+     .answer_words = words_of_reservation},
+    {.netfn = netfn::storage,
+     .number = 0x43,
+     .name = "Get SEL Entry",
+     .length = {6, 6},
+     .run = call<&sel::get_entry>,
+     .request_words = words_of_entry_request,
+     .answer_words = words_of_entry_answer},
+    {.netfn = netfn::storage,
+     .number = 0x44,
+     .name = "Add SEL Entry",
+     .length = {record_size, record_size},
+     .run = call<&sel::add_entry>,
+     .request_words = words_of_new_entry,
+     .answer_words = words_of_new_id},
+    {.netfn = netfn::storage,
+     .number = 0x47,
+     .name = "Clear SEL",
+     .length = {6, 6},
+     .run = call<&sel::clear>,
+     .request_words = words_of_clear,
+     .answer_words = words_of_progress},
+};
+
+std::span<const command> sel::commands() const { return table; }
+
+}  // namespace
+
+std::unique_ptr<family> make_sel(controller &owner) { return std::make_unique<sel>(owner); }
+
+}  // namespace ipmcd

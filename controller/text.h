@@ -1,0 +1,21 @@
+/// Small texts for traces and messages.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ipmcd
+{
+
+/// What printf would print.
+[[gnu::format(printf, 1, 2)]] std::string text(const char *format, ...);
+
+/// "00 3C FF"; empty for no bytes.
+std::string hex(std::span<const uint8_t> bytes);
+/// What `hex` wrote, in large or small digits; nothing for any other text.
+std::vector<uint8_t> parse_hex(std::string_view text);
+
+}  // namespace ipmcd
