@@ -1,0 +1,229 @@
+#include "platform/platform.h"
+#include "tests/platform/fake_devices.h"
+#include "tests/platform/test_folder.h"
+
+#include <cerrno>
+
+namespace fs = std::filesystem;
+
+namespace
+{
+
+class board : public test_folder
+{
+protected:
+    ~board() override { fake = {}; }
+
+    static std::string pattern(size_t length, unsigned seed)
+    {
+        std::string text(length, '\0');
+        for (size_t n = 0; n < length; ++n)
+            text[n] = char(seed + n * 13 + n / 251);
+        return text;
+    }
+};
+
+TEST_F(board, a_plain_machine_has_neither_cpld_nor_fpga)
+{
+    EXPECT_EQ(cpld_init(), -1);
+    EXPECT_EQ(fpga_Init(), -1);
+    cpld_clean();
+    fpga_clean();
+}
+
+TEST_F(board, the_debug_output_of_the_bios_is_not_supported)
+{
+    EXPECT_EQ(set_bios_print_flag(1), -10);
+    EXPECT_EQ(set_bios_print_flag(0), -10);
+}
+
+TEST_F(board, network_interfaces_with_a_device_are_counted)
+{
+    int expected = 0;
+    if (fs::is_directory("/sys/class/net"))
+        for (const auto &entry : fs::directory_iterator("/sys/class/net"))
+            expected += fs::exists(entry.path() / "device") ? 1 : 0;
+    EXPECT_EQ(get_mac_num(), expected);
+}
+
+// I2C ---------------------------------------------------------------------------------------------------------------
+
+TEST_F(board, i2c_writes_then_reads_one_device)
+{
+    fake.i2c_path = write("i2c", "");
+    fake.i2c_memory = pattern(1024, 3);
+    const unsigned char offset[] = {0x01, 0x40};
+    unsigned char got[64] = {};
+    EXPECT_GE(i2c_write_read(2, 0xA0, offset, 2, got, 64, 0), 0);
+    EXPECT_EQ(std::string(reinterpret_cast<char *>(got), 64), fake.i2c_memory.substr(0x140, 64));
+    EXPECT_EQ(fake.i2c_chip, 0x50) << "the 8-bit form holds the direction bit";
+}
+
+TEST_F(board, i2c_failures_are_negative)
+{
+    const unsigned char offset[] = {0, 0};
+    unsigned char got[64];
+    EXPECT_EQ(i2c_write_read(9999, 0xA0, offset, 2, got, 64, 0), -ENOENT);
+    fake.i2c_path = write("i2c", "");
+    fake.i2c_memory = pattern(64, 1);
+    EXPECT_EQ(i2c_write_read(2, 0x10, offset, 2, got, 64, 0), -ENXIO) << "no such device on the bus";
+    fake.i2c_messages_done = 1;
+    EXPECT_LT(i2c_write_read(2, 0xA0, offset, 2, got, 64, 0), 0) << "written, but not read";
+}
+
+TEST_F(board, i2c_arguments_are_checked)
+{
+    const unsigned char offset[] = {0, 0};
+    unsigned char got[64];
+    fake.i2c_path = write("i2c", "");
+    EXPECT_EQ(i2c_write_read(-1, 0xA0, offset, 2, got, 64, 0), -EINVAL);
+    EXPECT_EQ(i2c_write_read(2, 0x100, offset, 2, got, 64, 0), -EINVAL);
+    EXPECT_EQ(i2c_write_read(2, -2, offset, 2, got, 64, 0), -EINVAL);
+    EXPECT_EQ(i2c_write_read(2, 0xA0, offset, 0, got, 64, 0), -EINVAL);
+    EXPECT_EQ(i2c_write_read(2, 0xA0, offset, 8193, got, 64, 0), -EINVAL);
+    EXPECT_EQ(i2c_write_read(2, 0xA0, nullptr, 2, got, 64, 0), -EINVAL);
+    EXPECT_EQ(i2c_write_read(2, 0xA0, offset, 2, got, 0, 0), -EINVAL);
+    EXPECT_EQ(i2c_write_read(2, 0xA0, offset, 2, got, -1, 0), -EINVAL);
+    EXPECT_EQ(i2c_write_read(2, 0xA0, offset, 2, got, 8193, 0), -EINVAL);
+    EXPECT_EQ(i2c_write_read(2, 0xA0, offset, 2, nullptr, 64, 0), -EINVAL);
+    EXPECT_EQ(i2c_write_read(2, 0xA0, offset, 2, got, 64, 1), -EINVAL);
+    EXPECT_EQ(fake.i2c_transfers, 0);
+}
+
+// BIOS flash --------------------------------------------------------------------------------------------------------
+
+constexpr unsigned block = 4096;
+
+class flash : public board
+{
+protected:
+    flash()
+    {
+        old_flash = pattern(16 * block, 5);
+        fake.mtd_path = write("flash", old_flash);
+        fake.erase_size = block;
+        image = pattern(16 * block, 9);
+        image_path = write("image.bin", image);
+    }
+    int copy(unsigned to, unsigned from, unsigned length) const
+    {
+        return spi_flash_copy("/dev/mtd6", to, image_path.c_str(), from, length, 1, 1);
+    }
+    std::string now() const { return contents(fake.mtd_path); }
+
+    std::string old_flash, image, image_path;
+};
+
+TEST_F(flash, is_read_into_a_file)
+{
+    ASSERT_GE(get_bios(path("bios.bin").c_str(), 16 * block), 0);
+    EXPECT_EQ(contents(path("bios.bin")), old_flash);
+    ASSERT_GE(get_bios(path("bios.bin").c_str(), 100), 0);
+    EXPECT_EQ(contents(path("bios.bin")), old_flash.substr(0, 100));
+}
+
+TEST_F(flash, that_cannot_be_read_whole_leaves_no_file)
+{
+    EXPECT_LT(get_bios(path("bios.bin").c_str(), 16 * block + 1), 0) << "longer than the device";
+    fs::resize_file(fake.mtd_path, 8 * block);
+    fake.mtd_size = 16 * block;
+    EXPECT_LT(get_bios(path("bios.bin").c_str(), 16 * block), 0) << "the device ends early";
+    EXPECT_LT(get_bios(path("absent/bios.bin").c_str(), block), 0);
+    EXPECT_LT(get_bios(nullptr, block), 0);
+    fake.mtd_path.clear();
+    if (!fs::exists("/dev/mtd6")) {
+        EXPECT_LT(get_bios(path("bios.bin").c_str(), block), 0) << "no flash";
+    }
+    EXPECT_EQ(entries(folder), 2);
+}
+
+TEST_F(flash, read_into_a_planted_link_replaces_it)
+{
+    const std::string victim = write("victim", "precious");
+    fs::create_symlink(victim, path("bios.bin"));
+    ASSERT_GE(get_bios(path("bios.bin").c_str(), block), 0);
+    EXPECT_EQ(contents(victim), "precious");
+    EXPECT_EQ(contents(path("bios.bin")), old_flash.substr(0, block));
+}
+
+TEST_F(flash, is_written_block_by_block)
+{
+    ASSERT_EQ(copy(0, 0, 16 * block), 0);
+    EXPECT_EQ(now(), image);
+    EXPECT_EQ(fake.erased, 16);
+}
+
+TEST_F(flash, a_part_is_written_and_nothing_round_it)
+{
+    ASSERT_EQ(copy(3 * block, 77, 2 * block), 0);
+    EXPECT_EQ(now(), old_flash.substr(0, 3 * block) + image.substr(77, 2 * block) + old_flash.substr(5 * block));
+    EXPECT_EQ(fake.erased, 2);
+}
+
+TEST_F(flash, what_does_not_read_back_equal_is_a_failure)
+{
+    fake.stuck_byte = 5 * block + 7;
+    EXPECT_NE(copy(0, 0, 16 * block), 0);
+    fake.stuck_byte = -1;
+    fake.erase_fails = true;
+    EXPECT_NE(copy(0, 0, 16 * block), 0);
+}
+
+TEST_F(flash, wrong_ranges_and_files_are_found_before_anything_is_erased)
+{
+    EXPECT_NE(copy(1, 0, block), 0) << "not at a block";
+    EXPECT_NE(copy(0, 0, block + 1), 0) << "the rest of a block would be lost";
+    EXPECT_NE(copy(16 * block, 0, block), 0) << "behind the device";
+    EXPECT_NE(copy(15 * block, 0, 2 * block), 0);
+    EXPECT_NE(copy(0xFFFFF000, 0, 2 * block), 0) << "beyond 32 bits";
+    EXPECT_NE(copy(0, 1, 16 * block), 0) << "behind the file";
+    EXPECT_NE(copy(0, 0xFFFFFFFF, block), 0);
+    EXPECT_NE(copy(0, 0, 0), 0);
+    EXPECT_NE(spi_flash_copy("/dev/mtd6", 0, path("absent").c_str(), 0, block, 1, 1), 0);
+    EXPECT_NE(spi_flash_copy("/dev/mtd6", 0, folder.c_str(), 0, block, 1, 1), 0);
+    EXPECT_NE(spi_flash_copy("/dev/mtd6", 0, nullptr, 0, block, 1, 1), 0);
+    fake.erase_size = 0;
+    EXPECT_NE(copy(0, 0, block), 0);
+    EXPECT_EQ(now(), old_flash);
+    EXPECT_EQ(fake.erased, 0);
+}
+
+TEST_F(flash, what_is_no_flash_is_refused)
+{
+    const std::string plain = write("plain", std::string(block, 'x'));
+    for (const std::string &wrong : {plain, path("absent"), folder, std::string("/dev/null")})
+        EXPECT_NE(spi_flash_copy(wrong.c_str(), 0, image_path.c_str(), 0, block, 1, 1), 0) << wrong;
+    EXPECT_NE(spi_flash_copy(nullptr, 0, image_path.c_str(), 0, block, 1, 1), 0);
+    EXPECT_EQ(contents(plain), std::string(block, 'x'));
+}
+
+// BIOS owner --------------------------------------------------------------------------------------------------------
+
+TEST_F(board, the_bios_owner_is_set_where_the_board_file_says)
+{
+    const variable named("ZENTRO_BOARD_FILE",
+                         write("board", "# this board\nbios_owner_gpio = " + write("value", "0\n") + "\n"));
+    EXPECT_EQ(set_bios_owner(1), 0);
+    EXPECT_EQ(contents(path("value")), "1\n");
+    EXPECT_EQ(set_bios_owner(0), 0);
+    EXPECT_EQ(contents(path("value")), "0\n");
+    EXPECT_EQ(set_bios_owner(2), -1);
+    EXPECT_EQ(set_bios_owner(-1), -1);
+    EXPECT_EQ(contents(path("value")), "0\n");
+}
+
+TEST_F(board, without_a_way_to_set_it_the_bios_owner_is_a_failure)
+{
+    const variable absent("ZENTRO_BOARD_FILE", path("absent"));
+    EXPECT_EQ(set_bios_owner(1), -1);
+    for (const std::string &text :
+         {std::string(), std::string("bios_owner_gpio =\n"), "bios_owner_gpio=" + path("none"),
+          std::string("bios_owner_gpio = /dev/null"), "[other]\nbios_owner_gpio=" + write("value", "0\n")}) {
+        setenv("ZENTRO_BOARD_FILE", write("board", text).c_str(), 1);
+        EXPECT_EQ(set_bios_owner(1), -1) << text;
+    }
+    EXPECT_EQ(contents(path("value")), "0\n");
+    EXPECT_FALSE(fs::exists(path("none"))) << "no file is made";
+}
+
+}  // namespace

@@ -1,0 +1,110 @@
+#include "tests/platform/fake_devices.h"
+
+#include <cerrno>
+#include <cstdarg>
+#include <cstring>
+#include <fcntl.h>
+#include <linux/i2c-dev.h>
+#include <linux/i2c.h>
+#include <mtd/mtd-user.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+fake_devices fake;
+
+static bool is_file(int fd, const std::string &path)
+{
+    struct stat opened, named;
+    return !path.empty() && fstat(fd, &opened) == 0 && stat(path.c_str(), &named) == 0 &&
+           opened.st_ino == named.st_ino && opened.st_dev == named.st_dev;
+}
+
+static int transfer(const i2c_rdwr_ioctl_data &both)
+{
+    ++fake.i2c_transfers;
+    const i2c_msg &written = both.msgs[0], &read = both.msgs[1];
+    fake.i2c_chip = written.addr;
+    const size_t offset = size_t(written.buf[0] << 8 | written.buf[1]);
+    if (written.addr != 0x50 || read.addr != 0x50 || both.nmsgs != 2 || written.flags != 0 || read.flags != I2C_M_RD ||
+        written.len != 2 || offset + read.len > fake.i2c_memory.size()) {
+        errno = ENXIO;
+        return -1;
+    }
+    memcpy(read.buf, fake.i2c_memory.data() + offset, read.len);
+    return fake.i2c_messages_done;
+}
+
+static int tell_about(int fd, mtd_info_user *about)
+{
+    struct stat opened {
+    };
+    fstat(fd, &opened);
+    *about = {};
+    about->type = MTD_NORFLASH;
+    about->flags = MTD_CAP_NORFLASH;
+    about->size = fake.mtd_size != 0 ? fake.mtd_size : unsigned(opened.st_size);
+    about->erasesize = fake.erase_size;
+    about->writesize = 1;
+    return 0;
+}
+
+static int erase(int fd, const erase_info_user &range)
+{
+    if (fake.erase_fails || range.start % fake.erase_size != 0 || range.length != fake.erase_size) {
+        errno = EIO;
+        return -1;
+    }
+    ++fake.erased;
+    const std::string blank(range.length, '\xFF');
+    return pwrite(fd, blank.data(), blank.size(), range.start) == ssize_t(blank.size()) ? 0 : -1;
+}
+
+extern "C" {
+
+[[gnu::visibility("default")]] int open(const char *path, int flags, ...)
+{
+    va_list more;
+    va_start(more, flags);
+    const auto mode = (flags & O_CREAT) != 0 ? va_arg(more, mode_t) : 0;
+    va_end(more);
+    if (!fake.i2c_path.empty() && strcmp(path, "/dev/i2c-2") == 0)
+        path = fake.i2c_path.c_str();
+    if (!fake.mtd_path.empty() && strcmp(path, "/dev/mtd6") == 0)
+        path = fake.mtd_path.c_str();
+    return openat(AT_FDCWD, path, flags, mode);
+}
+
+[[gnu::visibility("default")]] int ioctl(int fd, unsigned long request, ...) noexcept
+{
+    va_list more;
+    va_start(more, request);
+    void *argument = va_arg(more, void *);
+    va_end(more);
+    if (request == I2C_RDWR && is_file(fd, fake.i2c_path))
+        return transfer(*static_cast<i2c_rdwr_ioctl_data *>(argument));
+    if (is_file(fd, fake.mtd_path)) {
+        if (request == MEMGETINFO)
+            return tell_about(fd, static_cast<mtd_info_user *>(argument));
+        if (request == MEMERASE)
+            return erase(fd, *static_cast<erase_info_user *>(argument));
+        errno = EOPNOTSUPP;
+        return -1;
+    }
+    return int(syscall(SYS_ioctl, fd, request, argument));
+}
+}
+
+/// What the flash holds is changed by write(); a byte that is stuck spoils it.
+extern "C" [[gnu::visibility("default")]] ssize_t write(int fd, const void *bytes, size_t count)
+{
+    const off_t start = lseek(fd, 0, SEEK_CUR);
+    const ssize_t done = syscall(SYS_write, fd, bytes, count);
+    if (fake.stuck_byte >= start && fake.stuck_byte < start + done && is_file(fd, fake.mtd_path)) {
+        const char stuck = 0x55;
+        if (pwrite(fd, &stuck, 1, fake.stuck_byte) != 1)
+            return -1;
+    }
+    return done;
+}

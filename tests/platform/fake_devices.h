@@ -1,0 +1,17 @@
+/// An I2C bus (/dev/i2c-2) and a flash device (/dev/mtd6) made of files of the test. The libc calls open and ioctl, as
+/// the library reaches them, end here and are passed on where they are meant for something else.
+#pragma once
+
+#include <string>
+
+struct fake_devices {
+    std::string i2c_path, i2c_memory;  // one device, at 0x50; two offset bytes, most significant first
+    int i2c_chip = -1, i2c_transfers = 0, i2c_messages_done = 2;
+
+    std::string mtd_path;
+    unsigned mtd_size = 0, erase_size = 0;  // a size of 0 is that of the file
+    int erased = 0;
+    bool erase_fails = false;
+    long stuck_byte = -1;  // takes no other value than 0x55 and is found once it was erased
+};
+extern fake_devices fake;
