@@ -1,0 +1,391 @@
+#!/usr/bin/python3
+"""End to end: cfgtool on the Linux platform library, against ipmcd, through ./desk.
+
+DESK_BUILD names the build folder whose programs are tested (default: build in the repository).
+"""
+import os
+import pty
+import re
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+import unittest
+from pathlib import Path
+
+REPOSITORY = Path(__file__).resolve().parents[2]
+BUILD = os.environ.get("DESK_BUILD", str(REPOSITORY / "build"))
+FANLEVEL_60 = (
+    b"Set fan level successfully.\r\n"
+    b"Current Mode:        manual, timeout 30 seconds.\r\n"
+    b"Manual Fan Level:    60%\r\n"
+)
+OWN_FAILURE = 125
+
+
+class desk(unittest.TestCase):
+    def setUp(self):
+        self.folder = Path(tempfile.mkdtemp(prefix="desk-test-"))
+        self.addCleanup(shutil.rmtree, self.folder)
+        self.environment = {"PATH": os.environ["PATH"], "TERM": "dumb", "DESK_BUILD": BUILD}
+        self.environment["DESK_DIR"] = str(self.folder / "desk")
+        self.environment.update({name: value for name, value in os.environ.items() if name.endswith("SAN_OPTIONS")})
+        possible = subprocess.run(["bwrap", "--unshare-user", "--ro-bind", "/", "/", "true"], stderr=subprocess.PIPE)
+        if possible.returncode:
+            self.fail("this machine has no user namespaces for bubblewrap: " + possible.stderr.decode())
+
+    def start(self, *words, **more):
+        environment = self.environment | more.pop("environment", {})
+        pipes = {"stdin": subprocess.DEVNULL, "stdout": subprocess.PIPE, "stderr": subprocess.PIPE} | more
+        process = subprocess.Popen([REPOSITORY / "desk", *words], env=environment, **pipes)
+        self.addCleanup(self.end, process)
+        return process
+
+    def end(self, process):
+        if process.poll() is None:
+            process.terminate()
+        process.communicate()
+
+    def run_desk(self, *words, keys=None, **more):
+        """Status, output and standard error of one ./desk."""
+        if keys is not None:
+            more["stdin"] = subprocess.PIPE
+        process = self.start(*words, **more)
+        out, err = process.communicate(keys, timeout=60)
+        return process.returncode, out, err.decode()
+
+    def output_of(self, *words, **more):
+        """Output of a ./desk that ends well and has nothing to say itself."""
+        status, out, err = self.run_desk(*words, **more)
+        self.assertEqual((status, err), (0, ""))
+        return out
+
+    def start_waiting(self):
+        """A desk in use: its command runs until its input ends."""
+        process = self.start("sh", "-c", "echo in; cat", stdin=subprocess.PIPE)
+        self.assertEqual(process.stdout.readline(), b"in\n")
+        return process
+
+    def leave(self, process):
+        out, err = process.communicate(timeout=60)
+        self.assertEqual((process.returncode, out, err), (0, b"", b""))
+
+    def log_records(self):
+        """(class, user, origin, module, record) of each line; the time in front is not compared."""
+        lines = (self.folder / "desk/data/log/operation.log").read_text().splitlines()
+        for line in lines:
+            self.assertRegex(line, r"^\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ\t")
+        return [tuple(line.split("\t")[1:]) for line in lines]
+
+    def controller_process(self):
+        return int((self.folder / "desk/controller/pid").read_text())
+
+    def is_controller_running(self):
+        try:
+            return "ipmcd" in Path(f"/proc/{self.controller_process()}/comm").read_text()
+        except (FileNotFoundError, ProcessLookupError):
+            return False
+
+    def wait_for_controllers_end(self):
+        """A process is in the list for a moment after its end."""
+        end = time.monotonic() + 30
+        while self.is_controller_running():
+            self.assertLess(time.monotonic(), end, "the controller is still running")
+            time.sleep(0.02)
+
+    # A command on the controller
+
+    def test_fanlevel_prints_its_three_lines_alone(self):
+        self.assertEqual(self.output_of("cfgtool", "-d", "fanlevel", "-v", "60"), FANLEVEL_60)
+
+    def test_fanlevel_reaches_the_controller(self):
+        self.output_of("cfgtool", "-d", "fanlevel", "-v", "60")
+        fans = self.output_of("ipmcd", "--ask", "show fans")
+        self.assertIn(b'"mode":"manual"', fans)
+        self.assertIn(b'"level":60', fans)
+
+    def test_fanlevel_leaves_a_log_record(self):
+        self.output_of("cfgtool", "-d", "fanlevel", "-v", "60")
+        record = ("2", "root", "console", "Fan", "Set fan level(60) success,EvtCode:0x20E004F0")
+        self.assertEqual(self.log_records(), [record])
+
+    def test_log_record_names_user_and_ssh_client(self):
+        here = {"SSH_CONNECTION": "192.0.2.7 40022 192.0.2.1 22", "REMOTEHOST": "elsewhere"}
+        self.output_of("--user", "502", "cfgtool", "-d", "fanlevel", "-v", "61", environment=here)
+        record = ("2", "admin", "192.0.2.7", "Fan", "Set fan level(61) success,EvtCode:0x20E004F0")
+        self.assertEqual(self.log_records(), [record])
+
+    def test_log_record_names_remote_host(self):
+        self.output_of("cfgtool", "-d", "fanlevel", "-v", "62", environment={"REMOTEHOST": "console-server"})
+        self.assertEqual([record[2] for record in self.log_records()], ["console-server"])
+
+    def test_board_profile_is_the_disks(self):
+        refused = b"Fanlevel must not be lower than 20 percent.\r\n"
+        self.assertEqual(self.output_of("cfgtool", "-d", "fanlevel", "-v", "19"), refused)
+
+    def test_operator_is_refused_after_asking_the_controller(self):
+        status, out, err = self.run_desk("--user", "503", "--trace", "cfgtool", "-d", "fanlevel", "-v", "60")
+        self.assertEqual((status, out), (0, b"Insufficient privilege level\r\n"))
+        request, answer = err.splitlines()
+        self.assertRegex(request, r"request 06/44 Get User Access: 01 03 \(channel 1, user 3\)$")
+        self.assertRegex(answer, r"answer  00 done: .*\(operator, ")
+        self.assertFalse((self.folder / "desk/data/log/operation.log").exists())
+
+    def test_administrator_is_allowed(self):
+        self.assertEqual(self.output_of("--user", "502", "cfgtool", "-d", "fanlevel", "-v", "60"), FANLEVEL_60)
+
+    def test_collection_exports_the_event_log(self):
+        self.output_of("cfgtool", "-t", "maintenance", "-d", "zntool")
+        table = self.output_of("tar", "-xOf", "/tmp/sel.tar", "--wildcards", "*sel.csv").decode()
+        rows = [line.split(",") for line in table.split("\r\n")[1:-1]]
+        fields = [(row[0], row[1], row[2], row[5], row[6], row[7]) for row in rows]
+        fan = "Fan below the lower critical speed. check it"
+        self.assertEqual(fields[0], ("5", "Major", "2024-05-06  08:00:00", fan, "20120001", "Asserted"))
+        self.assertEqual([field[0] for field in fields], ["5", "4", "3", "2", "1"])
+        self.assertIn(b"tmp/sel.tar", self.output_of("tar", "-tf", "/tmp/debug-info.tar.gz"))
+
+    # The trace
+
+    def test_trace_shows_the_traffic_of_this_command(self):
+        first = self.start_waiting()  # one controller for all three
+        self.output_of("cfgtool", "-d", "fanlevel", "-v", "99")
+        status, out, err = self.run_desk("--trace", "cfgtool", "-d", "fanlevel", "-v", "60")
+        self.assertEqual((status, out), (0, FANLEVEL_60))
+        requests = re.findall(r"request (\S+)", err)
+        self.assertEqual(requests, ["2C/15", "30/91", "2C/16"])
+        self.assertIn("2C/15 Set Fan Level: 00 00 3C (FRU 0, 60 %)", err)
+        self.leave(first)
+
+    # Command, user and environment
+
+    def test_exit_status_is_the_commands(self):
+        self.assertEqual(self.run_desk("sh", "-c", "exit 7"), (7, b"", ""))
+
+    def test_unknown_command_ends_with_127(self):
+        status, out, err = self.run_desk("no-such-command")
+        self.assertEqual((status, out), (127, b""))
+        self.assertIn("no-such-command", err)
+
+    def test_input_is_the_commands(self):
+        self.assertEqual(self.output_of("tr", "a-z", "A-Z", keys=b"typed\n"), b"TYPED\n")
+
+    def test_output_and_errors_stay_apart(self):
+        self.assertEqual(self.run_desk("sh", "-c", "echo out; echo err >&2"), (0, b"out\n", "err\n"))
+
+    def test_words_reach_the_command_as_they_are(self):
+        words = ["two  blanks", "*", "$HOME", "", "--trace"]
+        self.assertEqual(self.output_of("printf", "[%s]", *words).decode(), "".join(f"[{word}]" for word in words))
+
+    def test_user_and_names(self):
+        for number, name in [("0", "root"), ("502", "admin"), ("503", "operator"), ("504", "guest"), ("505", "locked")]:
+            out = self.output_of("--user", number, "sh", "-c", 'echo "$(id -u) $(id -un) $LOGNAME"')
+            self.assertEqual(out.decode(), f"{number} {name} {name}\n")
+
+    def test_user_without_a_name_has_no_logname(self):
+        self.assertEqual(self.output_of("--user", "510", "sh", "-c", "echo $(id -u) ${LOGNAME-none}"), b"510 none\n")
+
+    def test_environment_is_the_controllers(self):
+        mine = {"ZENTRO_IPC_DIR": "/nowhere", "SECRET": "1", "LOGNAME": "me", "REMOTEHOST": "far"}
+        out = self.output_of("env", environment=mine).decode()
+        names = {line.split("=")[0] for line in out.splitlines() if "SAN_OPTIONS" not in line}
+        self.assertEqual(names, {"HOME", "LANG", "LOGNAME", "PATH", "PWD", "REMOTEHOST", "SHELL", "TERM", "USER"})
+        self.assertIn("LOGNAME=root\n", out)
+
+    def test_without_command_it_is_a_login_shell(self):
+        out = self.output_of(keys=b"pwd; command -v cfgtool; shopt -q login_shell && echo login\n")
+        self.assertEqual(out, b"/data/home\n/ipmc/bin/cfgtool\nlogin\n")
+
+    def test_login_shell_on_a_terminal(self):
+        process, terminal = pty.fork()
+        if process == 0:
+            os.execve(REPOSITORY / "desk", ["desk", "--user", "502"], self.environment)
+        seen = self.read_until(terminal, b"ipmc$ ")
+        os.write(terminal, b"echo s'tart'; cat\n")
+        self.read_until(terminal, b"start\r\n")
+        os.write(terminal, b"typed\n")
+        self.read_until(terminal, b"typed\r\ntyped\r\n")  # the terminal's echo, then cat
+        os.write(terminal, b"\x03")
+        self.read_until(terminal, b"ipmc$ ")
+        os.write(terminal, b"exit 3\n")
+        _, status = os.waitpid(process, 0)
+        os.close(terminal)
+        self.assertEqual(os.waitstatus_to_exitcode(status), 3)
+        self.assertNotIn(b"no job control", seen)
+
+    def read_until(self, terminal, expected):
+        seen = b""
+        while expected not in seen:
+            seen += os.read(terminal, 1024)
+        return seen
+
+    # The machine is left alone
+
+    def test_tmp_is_the_desks(self):
+        before = set(os.listdir("/tmp"))
+        name = f"left-by-{self.folder.name}"
+        self.output_of("touch", f"/tmp/{name}")
+        self.assertNotIn(name, set(os.listdir("/tmp")) - before)
+        self.assertTrue((self.folder / "desk/tmp" / name).exists())
+
+    def test_disk_is_the_desks(self):
+        there = [name for name in ("data", "ipmc", "web", "ko") if os.path.exists("/" + name)]
+        self.output_of("sh", "-c", "for folder in data ipmc web ko run/zentro; do touch /$folder/mine; done")
+        for folder in ("data", "ipmc", "web", "ko", "run"):
+            self.assertTrue((self.folder / "desk" / folder / "mine").exists(), folder)
+        self.assertEqual([name for name in ("data", "ipmc", "web", "ko") if os.path.exists("/" + name)], there)
+
+    def test_system_and_repository_are_read_only(self):
+        for folder in ("/usr", "/etc", str(REPOSITORY)):
+            status, out, err = self.run_desk("touch", folder + "/desk-test-was-here")
+            self.assertEqual((status, out), (1, b""), folder)
+            self.assertIn("Read-only file system", err)
+
+    def test_command_cannot_type_into_the_terminal(self):
+        ours, theirs = pty.openpty()
+        self.addCleanup(os.close, ours)
+        self.addCleanup(os.close, theirs)
+        program = "import fcntl, termios; fcntl.ioctl(0, termios.TIOCSTI, b'x')"
+        status, _, err = self.run_desk("/usr/bin/python3", "-c", program, stdin=theirs)
+        self.assertEqual(status, 1)
+        self.assertIn("PermissionError: [Errno 1]", err)
+
+    def test_processes_end_with_the_command(self):
+        mark = f"/tmp/{self.folder.name}"
+        self.output_of("sh", "-c", f"sh -c 'while :; do sleep 0.1; echo >>{mark}; done' </dev/null >/dev/null 2>&1 & :")
+        count = Path(self.folder, "desk", mark[1:])
+        before = count.stat().st_size if count.exists() else 0
+        time.sleep(0.5)
+        self.assertEqual(count.stat().st_size if count.exists() else 0, before)
+
+    # One folder, one controller
+
+    def test_second_desk_joins_and_the_last_one_ends_it(self):
+        first = self.start_waiting()
+        running = self.controller_process()
+        second = self.start_waiting()
+        self.assertEqual(self.controller_process(), running)
+        self.leave(first)
+        self.assertTrue(self.is_controller_running())
+        self.assertEqual(self.output_of("cfgtool", "-d", "fanlevel", "-v", "60"), FANLEVEL_60)
+        self.assertEqual(self.controller_process(), running)
+        self.leave(second)
+        self.wait_for_controllers_end()
+
+    def test_state_outlives_the_desk(self):
+        self.output_of("cfgtool", "-d", "fanlevel", "-v", "60")
+        self.wait_for_controllers_end()
+        self.assertIn(b'"level":60', self.output_of("ipmcd", "--ask", "show fans"))
+
+    def test_many_at_once(self):
+        many = [self.start("cfgtool", "-d", "fanlevel", "-v", "60") for _ in range(8)]
+        for one in many:
+            out, err = one.communicate(timeout=60)
+            self.assertEqual((one.returncode, out, err), (0, FANLEVEL_60, b""))
+        self.wait_for_controllers_end()
+
+    def test_after_a_killed_desk(self):
+        first = self.start_waiting()
+        first.kill()
+        first.communicate()
+        self.assertTrue(self.is_controller_running())
+        self.assertEqual(self.output_of("cfgtool", "-d", "fanlevel", "-v", "60"), FANLEVEL_60)
+        self.wait_for_controllers_end()
+
+    def test_after_a_killed_controller(self):
+        first = self.start_waiting()
+        running = self.controller_process()
+        os.kill(running, signal.SIGKILL)
+        self.wait_for_controllers_end()
+        self.assertEqual(self.output_of("cfgtool", "-d", "fanlevel", "-v", "60"), FANLEVEL_60)
+        self.leave(first)
+        self.wait_for_controllers_end()
+
+    def test_terminated_desk_takes_command_and_controller_along(self):
+        for number in (signal.SIGTERM, signal.SIGHUP):
+            process = self.start_waiting()
+            process.send_signal(number)
+            process.communicate(timeout=60)
+            self.assertEqual(process.returncode, 128 + number)
+            self.wait_for_controllers_end()
+
+    def test_controller_that_cannot_start_says_why(self):
+        self.output_of("true")
+        (self.folder / "desk/controller/state.json").write_text("no JSON")
+        status, out, err = self.run_desk("true")
+        self.assertEqual((status, out), (OWN_FAILURE, b""))
+        self.assertRegex(err, r"ipmcd: state file .*state\.json: not readable as JSON")
+        self.assertIn("desk: the controller did not start", err)
+
+    # The desk's folder
+
+    def test_disk_keeps_what_the_user_changed_and_removed(self):
+        self.output_of("true")
+        profile = self.folder / "desk/data/cli.conf"
+        profile.write_text("[FAN_PROPERTITY]\nFAN_MinLevel=55\n")
+        refused = b"Fanlevel must not be lower than 55 percent.\r\n"
+        self.assertEqual(self.output_of("cfgtool", "-d", "fanlevel", "-v", "54"), refused)
+        profile.unlink()
+        self.assertIn(b"open cli.conf file fails.", self.output_of("cfgtool", "-d", "fanlevel", "-v", "54"))
+
+    def test_reset_makes_disk_and_state_new(self):
+        self.output_of("cfgtool", "-d", "fanlevel", "-v", "60")
+        (self.folder / "desk/data/cli.conf").write_text("")
+        (self.folder / "desk/data/blacklist").write_text("cfgtool -d fanlevel\n")
+        self.assertEqual(self.output_of("--reset"), b"")
+        self.assertNotIn(b'"level":60', self.output_of("ipmcd", "--ask", "show fans"))
+        self.assertEqual(self.output_of("cfgtool", "-d", "fanlevel", "-v", "60"), FANLEVEL_60)
+        self.assertEqual(len(self.log_records()), 1)
+
+    def test_reset_refuses_while_a_desk_is_in_use(self):
+        first = self.start_waiting()
+        status, out, err = self.run_desk("--reset")
+        self.assertEqual((status, out), (OWN_FAILURE, b""))
+        self.assertIn("a desk is in use", err)
+        self.assertEqual(self.output_of("cfgtool", "-d", "fanlevel", "-v", "60"), FANLEVEL_60)
+        self.leave(first)
+
+    def test_reset_after_a_killed_desk(self):
+        first = self.start_waiting()
+        first.kill()
+        first.communicate()
+        self.assertEqual(self.output_of("--reset"), b"")
+        self.assertEqual(sorted(os.listdir(self.folder / "desk")), ["lock"])
+
+    def test_folder_of_something_else_is_refused(self):
+        treasure = self.folder / "desk/data/treasure"
+        treasure.parent.mkdir(parents=True)
+        treasure.write_text("x")
+        for words in (["true"], ["--reset"]):
+            status, out, err = self.run_desk(*words)
+            self.assertEqual((status, out), (OWN_FAILURE, b""))
+            self.assertIn("holds other things", err)
+        self.assertEqual(os.listdir(self.folder / "desk"), ["data"])
+        self.assertTrue(treasure.exists())
+
+    def test_build_without_programs_is_refused(self):
+        status, out, err = self.run_desk("true", environment={"DESK_BUILD": str(self.folder)})
+        self.assertEqual((status, out), (OWN_FAILURE, b""))
+        self.assertIn("bin/cfgtool", err)
+
+    # Options
+
+    def test_bad_options(self):
+        for words in (["--nosuch"], ["-x"], ["--user"], ["--user", "root"], ["--user=-1"], ["--user", ""],
+                      ["--user", "9999999999"], ["--reset", "true"]):
+            status, out, err = self.run_desk(*words)
+            self.assertEqual((status, out), (2, b""), words)
+            self.assertIn("see ./desk --help", err)
+        self.assertFalse((self.folder / "desk").exists())
+
+    def test_help(self):
+        out = self.output_of("--help").decode()
+        for option in ("--user", "--trace", "--reset", "DESK_DIR", "DESK_BUILD"):
+            self.assertIn(option, out)
+
+    def test_options_end_where_the_command_begins(self):
+        self.assertEqual(self.output_of("--user=0503", "--", "id", "-u"), b"503\n")
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,458 @@
+/// The scripted platform: every call of platform.h, played from a script and written down in a trace. It is put in
+/// front of the real binary with LD_PRELOAD, together with the few libc calls that tell the tool where it runs.
+///
+/// SCRIPTED_PLATFORM holds "SCRIPT,TRACE", two open descriptors. A script is made of lines
+///   uid N              what geteuid() answers
+///   root DIR           where /data, /ipmc, /web, /ko and /tmp are found
+///   send RESULT        the next send's result
+///   recv none          the next receive finds nothing
+///   recv LENGTH HEX    the next receive finds this payload, under this length field
+///   result CALL VALUE  the next result of any other call; 0 when nothing is said
+/// and the trace of what happened, in the order in which an operator at a terminal sees it
+///   send FLAGS PORT HEX | recv | sleep MICROSECONDS | screen HEX | log CLASS HEX HEX HEX HEX | call NAME ARGUMENT...
+/// with texts in hexadecimal behind "s:".
+#include "platform/platform.h"
+
+#include <algorithm>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+#define ABI extern "C" [[gnu::visibility("default")]]
+
+namespace
+{
+
+struct answer {
+    bool none;
+    unsigned length;
+    std::vector<unsigned char> payload;
+};
+struct call_result {
+    std::string call;
+    long value;
+};
+
+struct script {
+    uid_t uid = 0;
+    std::string root;
+    std::vector<int> sends;
+    std::vector<answer> answers;
+    std::vector<call_result> results;
+    size_t next_send = 0, next_answer = 0;
+};
+script *played;
+int trace_fd = -1;
+
+std::string hex(const void *bytes, size_t count)
+{
+    static constexpr char digits[] = "0123456789ABCDEF";
+    std::string text;
+    for (size_t n = 0; n < count; ++n) {
+        const auto byte = static_cast<const unsigned char *>(bytes)[n];
+        text += digits[byte >> 4];
+        text += digits[byte & 15];
+    }
+    return text;
+}
+
+std::string quoted(const char *text) { return text == nullptr ? "null" : "s:" + hex(text, strlen(text)); }
+
+std::vector<unsigned char> unhex(const char *text)
+{
+    std::vector<unsigned char> bytes;
+    unsigned value = 0;
+    for (int used = 0; sscanf(text, "%2x%n", &value, &used) == 1; text += used)
+        bytes.push_back(static_cast<unsigned char>(value));
+    return bytes;
+}
+
+void trace(const std::string &line)
+{
+    const std::string whole = line + "\n";
+    if (trace_fd >= 0 && write(trace_fd, whole.data(), whole.size()) < 0)
+        abort();
+}
+
+// The script --------------------------------------------------------------------------------------------------------
+
+std::string read_all(int fd)
+{
+    std::string text;
+    char part[65536];
+    for (ssize_t got = 0; (got = read(fd, part, sizeof part)) > 0;)
+        text.append(part, static_cast<size_t>(got));
+    close(fd);
+    return text;
+}
+
+void take(script &to, const std::string &line)
+{
+    const size_t blank = line.find(' ');
+    const std::string verb = line.substr(0, blank);
+    const std::string rest = blank == std::string::npos ? "" : line.substr(blank + 1);
+    if (verb == "uid") {
+        to.uid = static_cast<uid_t>(strtoul(rest.c_str(), nullptr, 10));
+    } else if (verb == "root") {
+        to.root = rest;
+    } else if (verb == "send") {
+        to.sends.push_back(atoi(rest.c_str()));
+    } else if (verb == "recv" && rest == "none") {
+        to.answers.push_back({true, 0, {}});
+    } else if (verb == "recv") {
+        char *end = nullptr;
+        const auto length = static_cast<unsigned>(strtoul(rest.c_str(), &end, 10));
+        to.answers.push_back({false, length, unhex(end)});
+    } else if (verb == "result") {
+        const size_t at = rest.find(' ');
+        to.results.push_back({rest.substr(0, at), atol(rest.c_str() + at)});
+    } else {
+        fprintf(stderr, "scripted platform: what is \"%s\"?\n", line.c_str());
+        abort();
+    }
+}
+
+script *load(int fd)
+{
+    auto *loaded = new script;
+    const std::string text = read_all(fd);
+    for (size_t start = 0; start < text.size();) {
+        const size_t end = text.find('\n', start);
+        take(*loaded, text.substr(start, end - start));
+        start = end + 1;
+    }
+    return loaded;
+}
+
+long result_of(const char *call, long otherwise = 0)
+{
+    for (auto row = played->results.begin(); row != played->results.end(); ++row) {
+        if (row->call == call) {
+            const long value = row->value;
+            played->results.erase(row);
+            return value;
+        }
+    }
+    return otherwise;
+}
+
+long called(const char *name, const std::string &arguments = "", long otherwise = 0)
+{
+    trace(std::string("call ") + name + (arguments.empty() ? "" : " " + arguments));
+    return result_of(name, otherwise);
+}
+
+/// Where a path of the controller lies in the run's own folder.
+std::string found_at(const char *path)
+{
+    static constexpr const char *folders[] = {"/data", "/ipmc", "/web", "/ko", "/tmp"};
+    if (played != nullptr && !played->root.empty())
+        for (const char *folder : folders)
+            if (strncmp(path, folder, strlen(folder)) == 0 && strchr("/", path[strlen(folder)]) != nullptr)
+                return played->root + path;
+    return path;
+}
+
+// The screen --------------------------------------------------------------------------------------------------------
+
+ssize_t show(void *, const char *text, size_t size)
+{
+    size_t done = 0;
+    for (ssize_t put = 0; done < size && (put = write(STDOUT_FILENO, text + done, size - done)) > 0;)
+        done += static_cast<size_t>(put);
+    if (done > 0)
+        trace("screen " + hex(text, done));
+    return static_cast<ssize_t>(done);
+}
+
+/// Standard output becomes a terminal's: line by line, what is flushed in between at once, all of it traced in order.
+[[gnu::constructor]] void start()
+{
+    const char *descriptors = getenv("SCRIPTED_PLATFORM");
+    int script_fd = -1;
+    if (descriptors == nullptr || sscanf(descriptors, "%d,%d", &script_fd, &trace_fd) != 2)
+        return;
+    fcntl(trace_fd, F_SETFD, FD_CLOEXEC);
+    unsetenv("SCRIPTED_PLATFORM");
+    unsetenv("LD_PRELOAD");
+    played = load(script_fd);
+    cookie_io_functions_t screen{};
+    screen.write = show;
+    stdout = fopencookie(nullptr, "w", screen);
+    setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
+}
+
+}  // namespace
+
+// libc: who runs the tool, and where the controller's folders are ---------------------------------------------------
+
+ABI uid_t geteuid() noexcept { return played != nullptr ? played->uid : 0; }
+
+template <typename routine>
+static routine real(const char *name)
+{
+    return reinterpret_cast<routine>(dlsym(RTLD_NEXT, name));
+}
+
+static int open_found(const char *name, const char *path, int flags, va_list values)
+{
+    const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(values, mode_t) : 0;
+    return real<int (*)(const char *, int, ...)>(name)(found_at(path).c_str(), flags, mode);
+}
+
+ABI int open(const char *path, int flags, ...)
+{
+    va_list values;
+    va_start(values, flags);
+    const int file = open_found("open", path, flags, values);
+    va_end(values);
+    return file;
+}
+
+ABI int open64(const char *path, int flags, ...)
+{
+    va_list values;
+    va_start(values, flags);
+    const int file = open_found("open64", path, flags, values);
+    va_end(values);
+    return file;
+}
+
+// Message library ---------------------------------------------------------------------------------------------------
+
+ABI int ipc_no_listen_init(int port)
+{
+    const int socket = dup(trace_fd);  // where a library's own socket would lie: never in a standard descriptor's place
+    if (socket <= STDERR_FILENO)
+        trace("call socket " + std::to_string(socket));
+    close(socket);
+    return static_cast<int>(called("ipc_no_listen_init", std::to_string(port)));
+}
+ABI void ipc_exit() { called("ipc_exit"); }
+
+ABI int ipc_msg_send(const void *message, unsigned int length, unsigned int flags, unsigned int port)
+{
+    trace("send " + std::to_string(flags) + " " + std::to_string(port) + " " + hex(message, length));
+    return played->next_send < played->sends.size() ? played->sends[played->next_send++] : -1;
+}
+
+ABI int ipc_msg_recv(void *message)
+{
+    trace("recv");
+    if (played->next_answer >= played->answers.size())
+        return -1;
+    const answer &next = played->answers[played->next_answer++];
+    if (next.none)
+        return -1;
+    auto *record = static_cast<unsigned char *>(message);
+    memset(record, 0xEE, 32);  // a header full of what the tool must not look at
+    record[8] = static_cast<unsigned char>(next.length);
+    record[9] = static_cast<unsigned char>(next.length >> 8);
+    memcpy(record + 32, next.payload.data(), std::min<size_t>(next.payload.size(), 1024));
+    return 7;  // anything but -1
+}
+
+// OS abstraction ----------------------------------------------------------------------------------------------------
+
+ABI int vos_memset(void *to, size_t to_size, int value, size_t count)
+{
+    if (count > to_size)
+        return -1;
+    memset(to, value, count);
+    asm volatile("" ::"r"(to) : "memory");
+    return 0;
+}
+
+ABI int vos_memcpy(void *to, size_t to_size, const void *from, size_t count)
+{
+    if (count > to_size)
+        return -1;
+    memcpy(to, from, count);
+    return 0;
+}
+
+ABI int vos_strncpy(char *to, size_t to_size, const char *from, size_t count)
+{
+    const size_t length = std::min(strnlen(from, count), to_size - 1);
+    memcpy(to, from, length);
+    to[length] = '\0';
+    return 0;
+}
+
+ABI int vos_strncat(char *to, size_t to_size, const char *from, size_t count)
+{
+    const size_t used = strnlen(to, to_size);
+    return vos_strncpy(to + used, to_size - used, from, count);
+}
+
+ABI int vos_snprintf(char *to, size_t to_size, const char *format, ...)
+{
+    va_list values;
+    va_start(values, format);
+    const int length = vsnprintf(to, to_size, format, values);
+    va_end(values);
+    return length;
+}
+
+ABI void vos_task_delay(unsigned int milliseconds) { trace("sleep " + std::to_string(1000ULL * milliseconds)); }
+ABI void vos_task_delay_us(unsigned int microseconds) { trace("sleep " + std::to_string(microseconds)); }
+
+static int run(const char *name, const char *path, char *const argv[])
+{
+    std::string words = quoted(path);
+    for (int n = 0; argv[n] != nullptr; ++n)
+        words += " " + quoted(argv[n]);
+    return static_cast<int>(called(name, words));
+}
+ABI int vos_system(const char *path, char *const argv[]) { return run("vos_system", path, argv); }
+ABI int vos_environ_system(const char *path, char *const argv[]) { return run("vos_environ_system", path, argv); }
+
+ABI long vos_get_file_length(const char *path)
+{
+    struct stat about {
+    };
+    const bool exists = stat(found_at(path).c_str(), &about) == 0;
+    return called("vos_get_file_length", quoted(path), exists ? static_cast<long>(about.st_size) : -1);
+}
+
+ABI int vos_get_file_name(const char *path, char *name, size_t name_size)
+{
+    const char *slash = strrchr(path, '/');
+    return vos_strncpy(name, name_size, slash != nullptr ? slash + 1 : path, name_size);
+}
+
+ABI int vos_file_copy(const char *to, const char *from)
+{
+    return static_cast<int>(called("vos_file_copy", quoted(to) + " " + quoted(from)));
+}
+ABI int vos_rm_filepath(const char *path) { return static_cast<int>(called("vos_rm_filepath", quoted(path))); }
+ABI int vos_check_username(const char *name) { return static_cast<int>(called("vos_check_username", quoted(name))); }
+ABI int vos_check_incorrect_char(const char *text, const char *characters)
+{
+    return static_cast<int>(called("vos_check_incorrect_char", quoted(text) + " " + quoted(characters)));
+}
+ABI unsigned int vos_rand() { return static_cast<unsigned>(called("vos_rand")); }
+
+ABI int vos_zentro_log(unsigned int log_class, const char *user, const char *origin, const char *module,
+                       const char *record)
+{
+    trace("log " + std::to_string(log_class) + " " + quoted(user) + " " + quoted(origin) + " " + quoted(module) + " " +
+          quoted(record));
+    return static_cast<int>(result_of("vos_zentro_log"));
+}
+
+// Configuration parser ----------------------------------------------------------------------------------------------
+
+namespace
+{
+struct cfg_file {
+    std::string text;
+    std::string value;
+};
+}  // namespace
+
+ABI void *CfgFileOpenReadOnly(const char *path)
+{
+    called("CfgFileOpenReadOnly", quoted(path));
+    const int file = open(path, O_RDONLY | O_CLOEXEC);
+    return file < 0 ? nullptr : new cfg_file{read_all(file), ""};
+}
+
+ABI long KeySearch(void *file, long start, const char *key, const char *separator, char **value, int *found)
+{
+    called("KeySearch", std::to_string(start) + " " + quoted(key));
+    auto &cfg = *static_cast<cfg_file *>(file);
+    cfg.value.clear();
+    *value = cfg.value.data();
+    *found = 0;
+    const size_t length = strlen(key);
+    size_t line = start > 0 ? static_cast<size_t>(start) - 1 : 0;
+    for (bool first = true; line < cfg.text.size(); first = false) {
+        const size_t end = std::min(cfg.text.find_first_of("\r\n", line), cfg.text.size());
+        if (key[0] != '[' && cfg.text[line] == '[' && !first)
+            return 0;
+        if (cfg.text.compare(line, length, key) == 0) {
+            const size_t at = cfg.text.substr(0, end).find(separator, line);
+            if (at != std::string::npos)
+                cfg.value = cfg.text.substr(at + strlen(separator), end - at - strlen(separator));
+            *value = cfg.value.data();
+            *found = 1;
+            return static_cast<long>(line) + 1;
+        }
+        line = end + 1;
+    }
+    return 0;
+}
+
+ABI void CfgFileClose(void *file)
+{
+    called("CfgFileClose");
+    delete static_cast<cfg_file *>(file);
+}
+
+// Events, archive ---------------------------------------------------------------------------------------------------
+
+ABI int event_parse_init(const char *path) { return static_cast<int>(called("event_parse_init", quoted(path), 1)); }
+
+ABI int event_parse(const unsigned char record[16], unsigned int *severity, const char **description)
+{
+    *severity = 0;
+    *description = "";
+    return static_cast<int>(called("event_parse", hex(record, 16)));
+}
+
+ABI unsigned long event_get_code(const unsigned char record[16])
+{
+    return static_cast<unsigned long>(called("event_get_code", hex(record, 16)));
+}
+
+ABI const char *get_sensor_type_name(unsigned char sensor_type)
+{
+    called("get_sensor_type_name", std::to_string(sensor_type));
+    return "Temperature";
+}
+
+ABI int tar_gzip_pack(const char *directory, const char *pattern, const char *archive)
+{
+    return static_cast<int>(called("tar_gzip_pack", quoted(directory) + " " + quoted(pattern) + " " + quoted(archive)));
+}
+
+// Board access ------------------------------------------------------------------------------------------------------
+
+ABI int cpld_init() { return static_cast<int>(called("cpld_init")); }
+ABI int fpga_Init() { return static_cast<int>(called("fpga_Init")); }
+ABI void cpld_clean() { called("cpld_clean"); }
+ABI void fpga_clean() { called("fpga_clean"); }
+ABI int get_mac_num() { return static_cast<int>(called("get_mac_num")); }
+
+ABI int i2c_write_read(int bus, int address, const unsigned char *write, int write_length, unsigned char *read,
+                       int read_length, int flags)
+{
+    memset(read, 0, static_cast<size_t>(read_length));
+    return static_cast<int>(called("i2c_write_read", std::to_string(bus) + " " + std::to_string(address) + " " +
+                                                         hex(write, static_cast<size_t>(write_length)) + " " +
+                                                         std::to_string(read_length) + " " + std::to_string(flags)));
+}
+
+ABI int get_bios(const char *path, unsigned int length)
+{
+    return static_cast<int>(called("get_bios", quoted(path) + " " + std::to_string(length)));
+}
+ABI int set_bios_owner(int owner) { return static_cast<int>(called("set_bios_owner", std::to_string(owner))); }
+
+ABI int spi_flash_copy(const char *device, unsigned int device_offset, const char *file, unsigned int file_offset,
+                       unsigned int length, int flag1, int flag2)
+{
+    return static_cast<int>(called("spi_flash_copy", quoted(device) + " " + std::to_string(device_offset) + " " +
+                                                         quoted(file) + " " + std::to_string(file_offset) + " " +
+                                                         std::to_string(length) + " " + std::to_string(flag1) + " " +
+                                                         std::to_string(flag2)));
+}
+ABI int set_bios_print_flag(int on) { return static_cast<int>(called("set_bios_print_flag", std::to_string(on))); }

@@ -1,0 +1,648 @@
+#!/usr/bin/python3
+"""Plays transcripts of cfgtool against the real binary, with the scripted platform in front of it.
+
+    transcript.py --tool build/bin/cfgtool --platform build/lib/libscripted_platform.so FILE.t ...
+        [--only WORDS]   those whose title holds the words
+        [--trace]        print what happened in each
+
+README.md beside this file tells how a transcript is written.
+"""
+
+import argparse
+import dataclasses
+import os
+import re
+import select
+import shlex
+import shutil
+import signal
+import stat
+import subprocess
+import sys
+import tempfile
+import termios
+import time
+
+TIME_LIMIT_S = 30
+ATTEMPTS = 5
+RETRY_PAUSE_US = 50000
+IPMI_SERVICE = "0 2001"  # flags and port of every message
+
+# The calls that frame every run, in their order. Transcripts list them only when they say "calls shown".
+START_UP = ["cpld_init", "fpga_Init", "ipc_no_listen_init 0", "CfgFileOpenReadOnly '/data/cli.conf'"]
+THEN = ["CfgFileClose"]
+BLACKLIST = ["vos_get_file_length '/data/blacklist'"]
+TEAR_DOWN = ["ipc_exit", "cpld_clean", "fpga_clean"]
+LIFECYCLE = {call.split()[0] for call in START_UP + THEN + TEAR_DOWN} | {"KeySearch", "get_mac_num"}
+
+STANDARD_BOARD = b"""[FRU_PROPERTITY]
+Fru_Num=1
+[FAN_PROPERTITY]
+FAN_MinLevel=20
+[MAC_PROPERTITY]
+MAC_Num=2
+MAC_Name=NIC
+"""
+
+
+class BadTranscript(Exception):
+    pass
+
+
+# Words and bytes ------------------------------------------------------------------------------------------------------
+
+
+def unescape(text):
+    """The bytes of a quoted text: \\r \\n \\t \\\\ \\" \\xNN, and {TEXT*COUNT} for TEXT repeated."""
+
+    def repeated(match):
+        return match.group(1) * int(match.group(2))
+
+    text = re.sub(r"\{([^{}*]+)\*(\d+)\}", repeated, text)
+    return text.encode("utf-8").decode("unicode_escape").encode("latin-1")
+
+
+def hex_bytes(text):
+    return bytes.fromhex(text.replace(" ", ""))
+
+
+def checksum(data):
+    return -sum(data) & 0xFF
+
+
+# Transcripts ----------------------------------------------------------------------------------------------------------
+
+
+@dataclasses.dataclass
+class Transcript:
+    title: str
+    where: str
+    commands: list = dataclasses.field(default_factory=list)  # the words of each; all of them do the same
+    uid: int = 0
+    env: dict = dataclasses.field(default_factory=lambda: {"LOGNAME": b"tester"})
+    closed: list = dataclasses.field(default_factory=list)  # standard descriptors
+    screen: str = ""  # "full" or "gone" where nothing can be shown
+    files: list = dataclasses.field(default_factory=list)  # (kind, path, bytes)
+    board: bytes = STANDARD_BOARD
+    events: list = dataclasses.field(default_factory=list)  # what is to happen, in order
+    script: list = dataclasses.field(default_factory=list)  # what the scripted platform is told
+    stderr: bytes = b""
+    changed: dict = dataclasses.field(default_factory=dict)  # path -> bytes, or None for gone
+    calls_shown: bool = False
+    exchanges: int = 0
+
+    def expect_screen(self, text):
+        if self.events and self.events[-1][0] == "screen":
+            self.events[-1] = ("screen", self.events[-1][1] + text)
+        else:
+            self.events.append(("screen", text))
+
+    def expect_sleep(self, microseconds):
+        if self.events and self.events[-1][0] == "sleep":
+            microseconds += self.events.pop()[1]
+        self.events.append(("sleep", microseconds))
+
+
+def request_frame(netfn, command, data, sequence):
+    frame = bytes([0x00, netfn << 2])
+    frame += bytes([checksum(frame), 0x63, (sequence & 0x3F) << 2, command]) + data
+    return frame + bytes([checksum(frame)])
+
+
+def answer_frame(netfn, command, data, sequence, wrong=None):
+    """The payload of an answer, with one of its four checked fields wrong if asked for."""
+    netfn, command, address, sequence = netfn + 1, command, 0x00, sequence & 0x3F
+    if wrong == "netfn":
+        netfn ^= 0x02
+    elif wrong == "command":
+        command ^= 0x01
+    elif wrong == "address":
+        address = 0x20
+    elif wrong == "sequence":
+        sequence ^= 0x20
+    frame = bytes([0x63, netfn << 2])
+    frame += bytes([checksum(frame), address, sequence << 2, command]) + data
+    return frame + bytes([checksum(frame[3:])])
+
+
+def play_attempt(transcript, request, ending, last, patient, netfn, command, sequence):
+    """Adds what one attempt of an exchange expects and what the platform is told. True = the exchange is over."""
+    waits = ATTEMPTS if patient else 1
+    transcript.events.append(("send", request))
+    if ending == "unsent":
+        transcript.script.append("send -1")
+        if not last:
+            transcript.expect_sleep(RETRY_PAUSE_US)
+        return last
+    transcript.script.append("send 0")
+    if ending == "silent":
+        transcript.events += [("recv",)] * waits
+        transcript.script += ["recv none"] * waits
+        return last
+    while ending.startswith("wait "):
+        ending = ending[5:]
+        transcript.events.append(("recv",))
+        transcript.script.append("recv none")
+    transcript.events.append(("recv",))
+    if ending in ("netfn", "command", "address", "sequence"):
+        payload = answer_frame(netfn, command, b"\x00", sequence, ending)
+        transcript.script.append(f"recv {len(payload)} {payload.hex()}")
+        if not last:
+            transcript.expect_sleep(RETRY_PAUSE_US)
+        return last
+    if match := re.fullmatch(r"length (\d+)", ending):
+        payload = answer_frame(netfn, command, b"\x00", sequence)
+        transcript.script.append(f"recv {match.group(1)} {payload.hex()}")
+        return True
+    cut = None
+    if match := re.fullmatch(r"(.*) cut (\d+)", ending):
+        ending, cut = match.group(1), int(match.group(2))
+    payload = answer_frame(netfn, command, hex_bytes(ending), sequence)[:cut]
+    transcript.script.append(f"recv {len(payload)} {payload.hex()}")
+    return True
+
+
+def parse_exchange(transcript, line, patient):
+    """> NETFN COMMAND DATA... < ENDING[, ENDING...]"""
+    request, bar, endings = line.partition("<")
+    if not bar:
+        raise BadTranscript(f"no answer in: {line}")
+    netfn, command, *data = hex_bytes(request)
+    sequence = transcript.exchanges
+    transcript.exchanges += 1
+    frame = request_frame(netfn, command, bytes(data), sequence)
+    endings = [ending.strip() for ending in endings.split(",")]
+    if len(endings) == 1 and endings[0] in ("silent", "unsent", "netfn", "command", "address", "sequence"):
+        endings *= ATTEMPTS
+    for number, ending in enumerate(endings, 1):
+        over = play_attempt(transcript, frame, ending, number == ATTEMPTS, patient, netfn, command, sequence)
+        if over != (number == len(endings)):
+            raise BadTranscript(f"an exchange of {len(endings)} attempts does not end so: {line}")
+
+
+def parse_raw_send(transcript, line):
+    """send HEX... [-> RESULT]"""
+    frame, _, result = line.partition("->")
+    transcript.events.append(("send", hex_bytes(frame)))
+    transcript.script.append(f"send {int(result or 0)}")
+
+
+def parse_raw_recv(transcript, line):
+    """recv none, or recv LENGTH HEX..."""
+    transcript.events.append(("recv",))
+    if line != "none":
+        length, _, payload = line.partition(" ")
+        line = f"{int(length)} {hex_bytes(payload).hex()}"
+    transcript.script.append(f"recv {line}")
+
+
+def words_of(text):
+    return shlex.split(text, comments=False)
+
+
+def parse_call(transcript, line):
+    """call NAME ARGUMENT... [-> RESULT]"""
+    call, _, result = line.partition(" -> ")
+    transcript.events.append(("call", " ".join(shown_word(word) for word in split_call(call))))
+    if result:
+        transcript.script.append(f"result {call.split()[0]} {int(result)}")
+
+
+def split_call(call):
+    """Numbers and bare words as they are, quoted texts as bytes."""
+    for match in re.finditer(r'"((?:[^"\\]|\\.)*)"|(\S+)', call):
+        yield unescape(match.group(1)) if match.group(1) is not None else match.group(2)
+
+
+def shown_word(word):
+    return repr(word)[1:] if isinstance(word, bytes) else word
+
+
+def parse_log(transcript, line):
+    """log CLASS MODULE "RECORD" [by "USER"] [from "ORIGIN"]"""
+    words = list(split_call(line))
+    log_class, module, record = int(words[0]), words[1].encode(), words[2]
+    user, origin = transcript.env.get("LOGNAME", b"unknown"), b"console"
+    for name, value in zip(words[3::2], words[4::2]):
+        if name == "by":
+            user = value
+        elif name == "from":
+            origin = value
+        else:
+            raise BadTranscript(f"log ... {name}?")
+    transcript.events.append(("log", log_class, user, origin, module, record))
+
+
+def parse_screen(line):
+    """| TEXT is a line that ends in \\r\\n; |"TEXT" is exactly that text."""
+    if line.startswith('"'):
+        return unescape(line[1 : line.rindex('"')])
+    if line != line.rstrip():
+        raise BadTranscript(f"blanks at a line's end are easily lost, write |\"...\\r\\n\": {line!r}")
+    return line.removeprefix(" ").encode() + b"\r\n"
+
+
+def without_comment(line):
+    return re.sub(r"\s+#.*$", "", line)
+
+
+class Reader:
+    """Reads a file of transcripts, separated by blank lines."""
+
+    def __init__(self, path):
+        self.path = path
+        with open(path, encoding="utf-8") as file:
+            self.lines = file.read().split("\n")
+        self.at = 0
+
+    def text_block(self, mark):
+        block = []
+        while True:
+            if self.at >= len(self.lines):
+                raise BadTranscript(f"no line {mark} ends the text")
+            line = self.lines[self.at]
+            self.at += 1
+            if line == mark:
+                return "".join(text + "\n" for text in block).encode()
+            block.append(line)
+
+    def value(self, text):
+        """ "escaped text", or <<MARK and the lines up to MARK, or nothing."""
+        if text.startswith("<<"):
+            return self.text_block(text[2:])
+        if text.startswith('"') and text.endswith('"'):
+            return unescape(text[1:-1])
+        raise BadTranscript(f"neither \"text\" nor <<MARK: {text}")
+
+    def transcripts(self):
+        while self.at < len(self.lines):
+            if self.lines[self.at].strip():
+                if transcript := self.one():
+                    yield transcript
+            else:
+                self.at += 1
+
+    def one(self):
+        first = self.at
+        title = []
+        while self.at < len(self.lines) and self.lines[self.at].startswith("#"):
+            title.append(self.lines[self.at][1:].strip())
+            self.at += 1
+        transcript = Transcript(" ".join(title), f"{self.path}:{first + 1}")
+        while self.at < len(self.lines) and self.lines[self.at].strip():
+            line = self.lines[self.at]
+            self.at += 1
+            try:
+                self.take(transcript, line)
+            except (BadTranscript, ValueError, IndexError) as error:
+                raise BadTranscript(f"{self.path}:{self.at}: {error}") from error
+        if not transcript.commands and self.at - first > len(title):
+            raise BadTranscript(f"{transcript.where}: no command line")
+        return transcript if transcript.commands else None  # else a comment of the file
+
+    def take(self, transcript, line):
+        if line.startswith("|"):
+            transcript.expect_screen(parse_screen(line[1:]))
+        elif line.startswith("2|"):
+            transcript.stderr += parse_screen(line[2:]).replace(b"\r\n", b"\n")
+        elif line.startswith(">>"):
+            parse_exchange(transcript, without_comment(line[2:]), patient=True)
+        elif line.startswith(">"):
+            parse_exchange(transcript, without_comment(line[1:]), patient=False)
+        elif line.startswith("$"):
+            words = re.sub(r"\{([^{}*]+)\*(\d+)\}", lambda m: m.group(1) * int(m.group(2)), line[1:])
+            transcript.commands.append(words_of(words))
+        else:
+            verb, _, rest = line.partition(" ")
+            self.take_word(transcript, verb, rest.strip())
+
+    def take_word(self, transcript, verb, rest):
+        if verb == "uid":
+            transcript.uid = int(rest)
+        elif verb == "env":
+            name, _, value = rest.partition("=")
+            transcript.env[name] = unescape(value)
+        elif verb == "unset":
+            transcript.env.pop(rest, None)
+        elif verb == "closed":
+            transcript.closed = [int(number) for number in rest.split()]
+        elif verb == "screen" and rest in ("full", "gone"):
+            transcript.screen = rest
+        elif verb == "board":
+            transcript.board = None if rest == "none" else self.value(rest)
+        elif verb in ("file", "wrote"):
+            path, _, value = rest.partition(" ")
+            if verb == "wrote":
+                transcript.changed[path] = self.value(value)
+            elif value in ("fifo", "folder") or value.startswith("link ") or value.startswith("zeros "):
+                transcript.files.append((value, path, b""))
+            else:
+                transcript.files.append(("file", path, self.value(value)))
+        elif verb == "removed":
+            transcript.changed[rest] = None
+        elif verb == "result":
+            transcript.script.append(f"result {rest}")
+        elif verb == "calls" and rest == "shown":
+            transcript.calls_shown = True
+        elif verb == "call":
+            parse_call(transcript, without_comment(rest))
+        elif verb == "log":
+            parse_log(transcript, rest)
+        elif verb == "sleep":
+            transcript.expect_sleep(int(rest))
+        elif verb == "send":
+            parse_raw_send(transcript, without_comment(rest))
+        elif verb == "recv":
+            parse_raw_recv(transcript, without_comment(rest))
+        elif verb == "keys":
+            transcript.events.append(("keys", self.value(rest)))
+        else:
+            raise BadTranscript(f"what is \"{verb}\"?")
+
+
+# Playing --------------------------------------------------------------------------------------------------------------
+
+
+@dataclasses.dataclass
+class Run:
+    events: list
+    status: int
+    stderr: bytes
+    changed: dict
+    terminal_changed: bool = False
+    late: bool = False
+
+
+def put_file(root, kind, path, content):
+    place = root + path
+    os.makedirs(os.path.dirname(place), exist_ok=True)
+    if kind == "fifo":
+        os.mkfifo(place)
+    elif kind == "folder":
+        os.makedirs(place, exist_ok=True)
+    elif kind.startswith("link "):
+        os.symlink(kind.split()[1], place)
+    else:
+        with open(place, "wb") as file:
+            file.write(content)
+            if kind.startswith("zeros "):
+                file.truncate(int(kind.split()[1]))
+
+
+def files_below(root):
+    """path -> content, or a word for what is no regular file of a sensible size."""
+    found = {}
+    for folder, _, names in os.walk(root):
+        for name in names:
+            place = os.path.join(folder, name)
+            about = os.lstat(place)
+            path = place[len(root) :]
+            if not stat.S_ISREG(about.st_mode) or about.st_size > 1 << 24:
+                found[path] = (about.st_mode, about.st_size)
+            else:
+                with open(place, "rb") as file:
+                    found[path] = file.read()
+    return found
+
+
+def unquote(word):
+    return repr(bytes.fromhex(word[2:]))[1:] if word.startswith("s:") else word
+
+
+def parse_trace(text):
+    events = []
+    for line in text.decode().splitlines():
+        verb, *words = line.split(" ")
+        if verb == "send":
+            events.append(("send", bytes.fromhex(words[2])))
+            if " ".join(words[:2]) != IPMI_SERVICE:
+                events.append(("flags and port", " ".join(words[:2])))
+        elif verb == "recv":
+            events.append(("recv",))
+        elif verb == "sleep":
+            slept = int(words[0])
+            if events and events[-1][0] == "sleep":
+                slept += events.pop()[1]
+            events.append(("sleep", slept))
+        elif verb == "screen":
+            shown = bytes.fromhex(words[0])
+            if events and events[-1][0] == "screen":
+                shown = events.pop()[1] + shown
+            events.append(("screen", shown))
+        elif verb == "log":
+            texts = [bytes.fromhex(word[2:]) for word in words[1:]]
+            events.append(("log", int(words[0]), *texts))
+        else:
+            events.append((verb, " ".join([words[0]] + [unquote(word) for word in words[1:]])))
+    return events
+
+
+def write_to_memory(content=b""):
+    file = os.memfd_create("transcript")
+    os.write(file, content)
+    os.lseek(file, 0, os.SEEK_SET)
+    return file
+
+
+class Terminal:
+    """A pseudo-terminal on which keys are typed, each batch once the screen shows what comes before it."""
+
+    def __init__(self, transcript):
+        self.main, self.child = os.openpty()
+        self.settings = termios.tcgetattr(self.main)
+        self.batches = []
+        screen = b""
+        for event in transcript.events:
+            if event[0] == "screen":
+                screen += event[1]
+            elif event[0] == "keys":
+                self.batches.append((screen[-40:].replace(b"\r", b""), event[1]))
+                screen = b""
+        self.seen = b""  # since the last keys
+
+    def type_what_is_due(self):
+        # The terminal echoes keys of its own accord and turns \n into \r\n, so only the end of the screen is compared.
+        while self.batches and self.seen.replace(b"\r", b"").endswith(self.batches[0][0]):
+            _, keys = self.batches.pop(0)
+            self.seen = b""
+            os.write(self.main, keys)
+
+    def follow(self, process, deadline):
+        self.type_what_is_due()
+        while process.poll() is None and time.monotonic() < deadline:
+            ready, _, _ = select.select([self.main], [], [], 0.01)
+            if ready:
+                try:
+                    self.seen += os.read(self.main, 65536)
+                except OSError:  # the tool has ended
+                    return
+                self.type_what_is_due()
+
+
+def open_screen(kind):
+    """Where standard output goes: a file, a full device, or a pipe that nobody reads."""
+    if kind == "full":
+        return open("/dev/full", "wb", buffering=0)
+    if kind == "gone":
+        reader, writer = os.pipe()
+        os.close(reader)
+        return os.fdopen(writer, "wb")
+    return tempfile.TemporaryFile()
+
+
+def play(transcript, argv, tool, platform):
+    root = tempfile.mkdtemp(prefix="transcript-")
+    os.makedirs(root + "/data")
+    if transcript.board is not None:
+        put_file(root, "file", "/data/cli.conf", transcript.board)
+    for kind, path, content in transcript.files:
+        put_file(root, kind, path, content)
+    before = files_below(root)
+
+    script = "\n".join([f"uid {transcript.uid}", f"root {root}", *transcript.script]) + "\n"
+    script_fd, trace_fd = write_to_memory(script.encode()), write_to_memory()
+    env = {**transcript.env, "LD_PRELOAD": platform, "SCRIPTED_PLATFORM": f"{script_fd},{trace_fd}"}
+    for name in ("ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS"):
+        if name in os.environ:
+            env[name] = os.environ[name]
+
+    typing = any(event[0] == "keys" for event in transcript.events)
+    terminal = Terminal(transcript) if typing else None
+    deadline = time.monotonic() + TIME_LIMIT_S
+    late = False
+    with open_screen(transcript.screen) as out, tempfile.TemporaryFile() as err:
+        process = subprocess.Popen(
+            argv,
+            executable=tool,
+            env=env,
+            pass_fds=(script_fd, trace_fd),
+            stdin=terminal.child if terminal else subprocess.DEVNULL,
+            stdout=terminal.child if terminal else out,
+            stderr=err,
+            start_new_session=True,
+            preexec_fn=lambda: [os.close(number) for number in transcript.closed],
+        )
+        if terminal:
+            os.close(terminal.child)
+            terminal.follow(process, deadline)
+        try:
+            process.wait(max(0.1, deadline - time.monotonic()))
+        except subprocess.TimeoutExpired:
+            process.send_signal(signal.SIGKILL)
+            process.wait()
+            late = True
+        err.seek(0)
+        complaints = err.read()
+    terminal_changed = False
+    if terminal:
+        terminal_changed = termios.tcgetattr(terminal.main) != terminal.settings
+        os.close(terminal.main)
+    os.lseek(trace_fd, 0, os.SEEK_SET)
+    with os.fdopen(trace_fd, "rb") as trace:
+        events = parse_trace(trace.read())
+    os.close(script_fd)
+    after = files_below(root)
+    shutil.rmtree(root)
+    changed = {path: content for path, content in after.items() if before.get(path) != content}
+    changed.update({path: None for path in before if path not in after})
+    return Run(events, process.returncode, complaints, changed, terminal_changed, late)
+
+
+# Comparing ------------------------------------------------------------------------------------------------------------
+
+
+def shown(event):
+    verb, *rest = event
+    if verb == "send":
+        return "send " + rest[0].hex(" ").upper()
+    if verb in ("screen", "keys"):
+        return f"{verb} {repr(rest[0])[1:]}"
+    if verb == "log":
+        return f"log {rest[0]} " + " ".join(repr(text)[1:] for text in rest[1:])
+    return " ".join(str(word) for word in event)
+
+
+def split_lifecycle(events):
+    """The calls that frame a run apart from what the command did; the screen's parts join up again."""
+    frame, rest = [], []
+    for event in events:
+        if event[0] == "call" and (event[1].split()[0] in LIFECYCLE or event[1] == BLACKLIST[0]):
+            frame.append(event[1])
+        elif event[0] == "screen" and rest and rest[-1][0] == "screen":
+            rest[-1] = ("screen", rest[-1][1] + event[1])
+        else:
+            rest.append(event)
+    return frame, rest
+
+
+def difference(expected, actual):
+    """Line by line, both ways: "-" what was to happen and did not, "+" what happened and was not to."""
+    import difflib
+
+    return [line for line in difflib.ndiff(expected, actual) if not line.startswith("?")]
+
+
+def faults_of(transcript, run):
+    expected = [event for event in transcript.events if event[0] != "keys"]
+    actual = run.events
+    faults = []
+    if not transcript.calls_shown:
+        frame, actual = split_lifecycle(actual)
+        frame = [call for call in frame if call.split()[0] not in ("KeySearch", "get_mac_num")]
+        wanted = START_UP + (THEN if transcript.board is not None else []) + BLACKLIST + TEAR_DOWN
+        if frame != wanted:
+            faults += ["start-up and tear-down:"] + difference(wanted, frame)
+        _, expected = split_lifecycle(expected)
+    if expected != actual:
+        faults += difference([shown(event) for event in expected], [shown(event) for event in actual])
+    if run.late:
+        faults.append(f"still running after {TIME_LIMIT_S} seconds")
+    elif run.status != 0:
+        faults.append(f"exit status {run.status}")
+    if run.stderr != transcript.stderr:
+        faults.append(f"standard error: {run.stderr.decode(errors='replace')}")
+    if run.terminal_changed:
+        faults.append("the terminal was left in another mode")
+    for path in sorted(run.changed.keys() | transcript.changed.keys()):
+        if path not in transcript.changed:
+            faults.append(f"file {path} was changed: {run.changed[path]!r}")
+        elif path not in run.changed:
+            faults.append(f"file {path} was not changed")
+        elif run.changed[path] != transcript.changed[path]:
+            faults.append(f"file {path} holds {run.changed[path]!r}")
+    return faults
+
+
+def main():
+    options = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    options.add_argument("--tool", required=True)
+    options.add_argument("--platform", required=True)
+    options.add_argument("--only", default="")
+    options.add_argument("--trace", action="store_true")
+    options.add_argument("files", nargs="+")
+    chosen = options.parse_args()
+
+    passed = failed = 0
+    for path in chosen.files:
+        for transcript in Reader(path).transcripts():
+            if chosen.only not in transcript.title:
+                continue
+            for argv in transcript.commands:
+                run = play(transcript, argv, os.path.abspath(chosen.tool), os.path.abspath(chosen.platform))
+                command = "$ " + shlex.join(argv)[:100]
+                if chosen.trace:
+                    print(f"# {transcript.title}", command, *(shown(event) for event in run.events), sep="\n  ")
+                if faults := faults_of(transcript, run):
+                    failed += 1
+                    print(f"FAILED {transcript.where}: {transcript.title}", command, *faults, sep="\n    ")
+                else:
+                    passed += 1
+    print(f"{passed} runs as written, {failed} not")
+    return 1 if failed or not passed else 0
+
+
+if __name__ == "__main__":
+    try:
+        sys.exit(main())
+    except BadTranscript as error:
+        sys.exit(str(error))

@@ -1,0 +1,53 @@
+/// The platform of the unit tests: messages and the board's file are the test's, everything else is written down.
+#pragma once
+
+#include "ipmi/transport.h"
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+using byte_text = std::vector<uint8_t>;
+
+struct log_entry {
+    unsigned log_class;
+    std::string user, origin, module, record;
+};
+
+struct platform_stub {
+    /// What the next receives find, payload by payload; none left = what `answer_all` says.
+    struct reception {
+        bool found;
+        byte_text payload;
+    };
+    std::deque<reception> receptions;
+    /// The completion code and data of answers made up for whatever was sent; empty = nothing is received.
+    byte_text answer_all;
+    std::deque<int> send_results;  // 0 when there are none left
+
+    /// The lines of a configuration file, each at its position (> 0): a key, or a section, and its value.
+    struct config_line {
+        long position;
+        std::string key, value;
+    };
+    std::vector<config_line> config;
+    int mac_num = 0;
+    long file_length = -1;  // of any file
+
+    std::vector<byte_text> sent;
+    unsigned receives = 0;
+    std::vector<unsigned> slept_us;
+    std::vector<log_entry> logged;
+};
+extern platform_stub stub;
+
+/// A fresh stub, and a tool as at its start but for the sequence counter.
+void reset_stub();
+
+/// The payload that answers a frame: completion code and data, addresses, sequence number and command as they must be.
+byte_text answer_to(const byte_text &frame, const byte_text &data);
+
+/// What a piece of code prints.
+std::string printed(const std::function<void()> &run);
