@@ -1,0 +1,66 @@
+# shellcheck shell=bash
+# The controller of a desk's folder: ipmcd, started by the first desk there, stopped by the last. Sourced by ./desk.
+#
+# A desk holds `desks` shared while it is in use, so whoever gets it exclusively is alone. Starting and stopping happen
+# under `start`. ipmcd holds its own lock by a descriptor it inherits: what is locked runs, whatever a pid file of
+# yesterday says, and a killed desk or ipmcd leaves nothing that the next one stumbles over.
+
+join_controller() {
+    flock "$start_lock"
+    make_disk
+    local alive
+    exec {alive}>>"$desk/controller/lock"
+    if flock -n "$alive"; then
+        start_controller
+    fi
+    exec {alive}>&-
+    flock -s "$desks_lock"
+    flock -u "$start_lock"
+}
+
+leave_controller() {
+    flock "$start_lock"
+    flock -u "$desks_lock"
+    if flock -n "$desks_lock"; then
+        stop_controller
+    fi
+}
+
+# In the desk's own root, since the controller reads and writes /tmp as well; in a session of its own, out of reach of
+# the terminal's Ctrl-C.
+start_controller() {
+    local ready word own=$desk/controller
+    describe_sandbox 0 root
+    : >"$own/trace"
+    exec {ready}< <(
+        exec {start_lock}>&- {desks_lock}>&-
+        exec 3>&1 </dev/null >"$own/log" 2>&1
+        # shellcheck disable=SC2016  # the shell inside fills in $$ and $@
+        exec setsid bwrap "${sandbox[@]}" --bind "$own" /run/ipmcd -- \
+            sh -c 'echo $$ >/run/ipmcd/pid && exec ipmcd "$@"' \
+            sh --disk / --state /run/ipmcd/state.json --trace=/run/ipmcd/trace --ready-fd 3
+    )
+    if ! read -r word <&"$ready" || [[ $word != ready ]]; then
+        show_log
+        die "the controller did not start (/run/ipmcd is $own); ./desk --reset makes it as new"
+    fi
+    exec {ready}<&-
+}
+
+# Also tells what the controller had to say: nothing, when all went well.
+stop_controller() {
+    local alive own=$desk/controller
+    exec {alive}>>"$own/lock"
+    if ! flock -n "$alive"; then
+        kill -TERM "$(<"$own/pid")" 2>/dev/null || true
+        flock -w 20 "$alive" || say "the controller does not end; its process is $(<"$own/pid")"
+    fi
+    exec {alive}>&-
+    show_log
+}
+
+# Once.
+show_log() {
+    cat "$desk/controller/log" >&2
+    : >"$desk/controller/log"
+}
