@@ -123,7 +123,7 @@ static int set_clock(char *text, int zone, tm &calendar)
     if (!set_utc_offset(zone))  // Kept: in hours, where the controller keeps minutes
         return refuse("Set system time failed, error code: 0x%X", g_error_code);
     ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_sel_time(uint32_t(converted - zone * 3600)), answer);
+    const ipmi_outcome got = exchange(set_sel_time(uint32_t(converted - time_t(zone) * 3600)), answer);
     if (!got.ok())
         return refuse(failure, got.error_code());
     say("Set ipmc time successfully.");

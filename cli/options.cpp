@@ -25,8 +25,10 @@ static void list_row(const command_entry &row)
     memcpy(line + name_column, row.name, strnlen(row.name, width - name_column));
     const size_t help_length = strnlen(row.help, width - help_column);
     memcpy(line + help_column, row.help, help_length);
-    memcpy(line + help_column + help_length, "\r\n", 2);
-    fwrite(line, 1, help_column + help_length + 2, stdout);
+    size_t end = help_column + help_length;
+    line[end++] = '\r';
+    line[end++] = '\n';
+    fwrite(line, 1, end, stdout);
 }
 
 /// The rows of the mask, all by default; of those only what is enabled.

@@ -22,8 +22,9 @@ static const named_table tables[] = {
 };
 
 /// What a blacklist disables, as "TABLE ROW"; enabled again afterwards.
-static names disabled_by(std::string text)
+static names disabled_by(const std::string &lines)
 {
+    std::string text = lines;  // its line ends are overwritten
     apply_blacklist(text.data(), text.size());
     names found;
     for (const named_table &table : tables)
