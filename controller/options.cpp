@@ -22,11 +22,11 @@ const char usage[] =
     "  --ask COMMAND     send COMMAND to a running ipmcd: show [NAME], set POINTER VALUE, fail ..., save, reset\n"
     "                    (exit status 0 done, 1 refused, 2 no answer)\n";
 
-static int parse_descriptor(const char *word)
+static int parse_descriptor(const std::string &word)
 {
     int value = -1;
-    const char *const end = word + strlen(word);
-    const auto [stop, error] = std::from_chars(word, end, value);
+    const char *const end = word.data() + word.size();
+    const auto [stop, error] = std::from_chars(word.data(), end, value);
     if (error != std::errc{} || stop != end || value < 0)
         throw std::invalid_argument(std::string("--ready-fd ") + word + ": the number of a descriptor is needed");
     return value;
@@ -74,7 +74,7 @@ options parse_options(int argc, char **argv)
                 read.trace_file = optarg;
             break;
         case ready_fd:
-            read.ready_fd = parse_descriptor(optarg);
+            read.ready_fd = parse_descriptor(optarg != nullptr ? optarg : "");
             break;
         case ask:
             read.question = optarg;

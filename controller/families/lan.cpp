@@ -414,7 +414,7 @@ std::string words_of_parameter(byte_reader &data, const lan_parameter *&row)
 std::string words_of_set(byte_reader &data)
 {
     const lan_parameter *row = nullptr;
-    const std::string which = words_of_parameter(data, row);
+    std::string which = words_of_parameter(data, row);
     if (!row || (row->selector >= first_oem_selector && take_enterprise(data) != completion::ok))
         return which;
     const bool fits = data.left() >= row->length.smallest && data.left() <= row->length.largest;

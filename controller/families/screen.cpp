@@ -41,8 +41,8 @@ private:
 /// What this host shows: a portable pixmap of 32 x 18 points in one grey.
 std::string picture(bool black)
 {
-    constexpr int width = 32, height = 18;
-    return text("P6 %d %d 255\n", width, height) + std::string(3 * width * height, black ? '\0' : '\x60');
+    constexpr unsigned width = 32, height = 18;
+    return text("P6 %u %u 255\n", width, height) + std::string(size_t{3} * width * height, black ? '\0' : '\x60');
 }
 
 completion screen::save_snapshot(byte_reader &request, byte_writer &answer)

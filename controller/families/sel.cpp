@@ -271,7 +271,7 @@ std::string words_of_record_id(uint16_t id)
 std::string words_of_entry_request(byte_reader &data)
 {
     data.u16le();
-    const std::string which = words_of_record_id(data.u16le());
+    std::string which = words_of_record_id(data.u16le());
     const uint8_t offset = data.u8();
     const uint8_t count = data.u8();
     if (offset == 0 && count == whole_record)

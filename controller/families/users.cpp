@@ -233,7 +233,7 @@ completion users::set_name(byte_reader &request, byte_writer &)
     if (const completion refused = find(request.u8(), who); refused != completion::ok)
         return refused;
     const std::string name = read_padded(request, name_size);
-    if (who == &state[0] || !std::all_of(name.begin(), name.end(), is_printable))
+    if (who == state.data() || !std::all_of(name.begin(), name.end(), is_printable))
         return completion::invalid_field;
     if (name != who->name && !who->name.empty() && who->name == links.trap_user)
         return completion::is_trap_user;
@@ -392,7 +392,7 @@ json users::shown() const
     for (auto &[key, part] : all.items()) {
         if (!part.is_object())
             continue;
-        part["has_password"] = part["password_hash"] != "";
+        part["has_password"] = !part.at("password_hash").get<std::string>().empty();
         part.erase("password_hash");
     }
     return all;
