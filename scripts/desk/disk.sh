@@ -8,7 +8,8 @@
 disk_folders=(data ipmc web ko tmp run)
 
 open_desk_folder() {
-    if [[ -d $desk && ! -d $desk/lock && -n $(ls -A "$desk") ]]; then
+    # A desk begins with its lock, so what is seen filled before that is looked for is a desk that another just made.
+    if [[ -d $desk && -n $(ls -A "$desk") && ! -d $desk/lock ]]; then
         die "$desk holds other things and is no desk: choose another folder in DESK_DIR"
     fi
     { mkdir -p "$desk/lock" && exec {start_lock}>>"$desk/lock/start" {desks_lock}>>"$desk/lock/desks"; } 2>/dev/null ||
