@@ -101,11 +101,13 @@ struct sdr_header {
     uint8_t version, type, length;
 };
 
-static const sdr_source *source = &repository;
+static bool use_device_sdrs;
 static sdr_iterator *iterator;
 static uint32_t manufacturer_id;
 static unsigned sdr_read_size = 255;  // only shrinks: 126, 62, 30, 14, 6, 2, 0
 static uint8_t records_asked_for[(last_record + 1) / 8];
+
+static const sdr_source &source() { return use_device_sdrs ? device_sdrs : repository; }
 
 /// True the first time a record is asked for: a store that leads back to an earlier record has come to its end.
 static bool ask_once(uint16_t record)
@@ -120,7 +122,7 @@ static bool ask_once(uint16_t record)
 static bool reserve(sdr_iterator &store)
 {
     ipmi_rsp answer;
-    const ipmi_outcome got = exchange(ipmi_request(source->netfn, source->reserve), answer);
+    const ipmi_outcome got = exchange(ipmi_request(source().netfn, source().reserve), answer);
     if (!got.ok()) {
         g_error_code = got.error_code();
         return false;
@@ -160,7 +162,7 @@ static bool choose_source()
     }
     if ((support & is_sensor_device) != 0) {
         sdr_diagnose("Using Device SDRs");
-        source = &device_sdrs;
+        use_device_sdrs = true;
         return true;
     }
     sdr_diagnose("Error obtaining SDR info");
@@ -171,7 +173,7 @@ static bool read_device_sdr_info(sdr_iterator &store)
 {
     static constexpr uint8_t sdr_count = 0x01;
     ipmi_rsp answer;
-    const ipmi_outcome got = exchange(ipmi_request(source->netfn, source->info).u8(sdr_count), answer);
+    const ipmi_outcome got = exchange(ipmi_request(source().netfn, source().info).u8(sdr_count), answer);
     if (got.how == ipmi_outcome::end::no_answer)
         return false;
     if (!got.ok() || got.data.empty()) {
@@ -186,7 +188,7 @@ static bool read_device_sdr_info(sdr_iterator &store)
 static bool read_repository_info(sdr_iterator &store)
 {
     ipmi_rsp answer;
-    const ipmi_outcome got = exchange(ipmi_request(source->netfn, source->info), answer);
+    const ipmi_outcome got = exchange(ipmi_request(source().netfn, source().info), answer);
     if (!got.ok()) {
         g_error_code = got.error_code();
         return false;
@@ -205,7 +207,7 @@ static bool open_store(sdr_iterator &store)
 {
     if (!choose_source())
         return false;
-    if (!(source == &device_sdrs ? read_device_sdr_info(store) : read_repository_info(store)))
+    if (!(use_device_sdrs ? read_device_sdr_info(store) : read_repository_info(store)))
         return false;
     if (reserve(store))
         return true;
@@ -230,7 +232,7 @@ static sdr_iterator *sdr_open()
 
 static ipmi_request read_record(const sdr_iterator &store, uint16_t record, uint8_t offset, uint8_t count)
 {
-    return ipmi_request(source->netfn, source->read).u16le(store.reservation).u16le(record).u8(offset).u8(count);
+    return ipmi_request(source().netfn, source().read).u16le(store.reservation).u16le(record).u8(offset).u8(count);
 }
 
 /// Asks for the header up to five times. False = it is not to be had, and g_error_code says why.
@@ -310,7 +312,7 @@ static bool fill_body(uint8_t *body, const sdr_header &header, sdr_iterator &sto
     unsigned position = 0;
     while (position < header.length) {
         if (sdr_read_size == 0) {  // refused down to nothing, perhaps at an earlier record
-            g_error_code = uint32_t(source->netfn) << 24 | uint32_t(source->read) << 16 | cannot_return_bytes;
+            g_error_code = uint32_t(source().netfn) << 24 | uint32_t(source().read) << 16 | cannot_return_bytes;
             return false;
         }
         const unsigned size = std::min(header.length - position, sdr_read_size);

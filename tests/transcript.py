@@ -254,6 +254,20 @@ class Reader:
         with open(path, encoding="utf-8") as file:
             self.lines = file.read().split("\n")
         self.at = 0
+        self.named_bytes = {}
+        self.named_steps = {}
+
+    def with_bytes(self, line):
+        """NAME or NAME[FROM:TO] in a line of the wire stands for the bytes that `let` gave it."""
+
+        def looked_up(match):
+            name, begin, end = match.groups()
+            if name not in self.named_bytes:
+                return match.group(0)
+            part = slice(int(begin), int(end) if end else None) if begin else slice(None)
+            return self.named_bytes[name][part].hex(" ")
+
+        return re.sub(r"\b([A-Z][A-Z0-9_]{2,})\b(?:\[(\d+):(\d*)\])?", looked_up, line)
 
     def text_block(self, mark):
         block = []
@@ -289,18 +303,34 @@ class Reader:
             title.append(self.lines[self.at][1:].strip())
             self.at += 1
         transcript = Transcript(" ".join(title), f"{self.path}:{first + 1}")
+        taken = False
         while self.at < len(self.lines) and self.lines[self.at].strip():
             line = self.lines[self.at]
             self.at += 1
             try:
-                self.take(transcript, line)
+                if line.startswith("let "):
+                    name, _, value = line[4:].partition(" = ")
+                    self.named_bytes[name] = hex_bytes(self.with_bytes(without_comment(value)))
+                elif line.startswith("steps "):
+                    return self.take_steps(line[6:])
+                elif taken or not line.startswith("#"):  # else a comment between names
+                    taken = True
+                    self.take(transcript, line)
             except (BadTranscript, ValueError, IndexError) as error:
                 raise BadTranscript(f"{self.path}:{self.at}: {error}") from error
-        if not transcript.commands and self.at - first > len(title):
+        if not transcript.commands and taken:
             raise BadTranscript(f"{transcript.where}: no command line")
         return transcript if transcript.commands else None  # else a comment of the file
 
+    def take_steps(self, name):
+        self.named_steps[name] = []
+        while self.at < len(self.lines) and self.lines[self.at].strip():
+            self.named_steps[name].append(self.lines[self.at])
+            self.at += 1
+
     def take(self, transcript, line):
+        if line.startswith(">"):
+            line = self.with_bytes(line)
         if line.startswith("|"):
             transcript.expect_screen(parse_screen(line[1:]))
         elif line.startswith("2|"):
@@ -356,6 +386,11 @@ class Reader:
             parse_raw_recv(transcript, without_comment(rest))
         elif verb == "keys":
             transcript.events.append(("keys", self.value(rest)))
+        elif verb == "do":
+            if rest not in self.named_steps:
+                raise BadTranscript(f"no steps \"{rest}\" stand above")
+            for step in self.named_steps[rest]:
+                self.take(transcript, step)
         else:
             raise BadTranscript(f"what is \"{verb}\"?")
 

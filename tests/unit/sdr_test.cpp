@@ -1,0 +1,213 @@
+/// What the reader of sensor data records says when it is told to, and what it need not ask twice.
+#include "sensor/sdr.h"
+
+#include "sensor/sensor.h"
+#include "tests/unit/conversation.h"
+
+static const std::string temp = "20 00 11 03 01 14 6F 01 00 00 00 C4 54 65 6D 70";  // event-only, number 11h
+static const std::string door = "20 00 12 03 01 14 6F 01 00 00 00 C4 44 6F 6F 72";
+
+class sdr_reader : public conversation
+{
+protected:
+    /// The reader keeps what it read as long as the process lives, so each claim is made in a process of its own.
+    template <typename claim>
+    void alone(claim &&check)
+    {
+        EXPECT_EXIT(
+            {
+                check();
+                everything_was_sent();
+                fflush(nullptr);
+                _exit(HasFailure() ? 1 : 0);
+            },
+            testing::ExitedWithCode(0), "");
+    }
+    void everything_was_sent() { TearDown(); }
+
+    void open()
+    {
+        wire("06 01", "00 20 01 01 00 02 02 57 01 00 00 00");
+        wire("0A 20", "00 51 02 00 00 10");
+        wire("0A 22", "00 34 12");
+    }
+    void record(const std::string &id, const std::string &next, const std::string &body)
+    {
+        wire("0A 23  34 12 " + id + " 00 05", "00 " + next + " " + id + " 51 03 10");
+        wire("0A 23  34 12 " + id + " 05 10", "00 " + next + " " + body);
+    }
+};
+
+/// What is printed while a sensor is looked for, at one level of verbosity.
+static std::string told(int verbosity, const char *name)
+{
+    sdr_verbosity = verbosity;
+    return printed([&] { sdr_find_by_name(name); });
+}
+
+TEST_F(sdr_reader, asks_for_no_record_twice)
+{
+    alone([this] {
+        open();
+        record("00 00", "01 00", temp);
+        record("01 00", "FF FF", door);
+        const sdr_record *first = sdr_find_by_name("Temp");
+        ASSERT_NE(first, nullptr);
+        EXPECT_EQ(stub.sent.size(), 5U);  // three to open and two for the record
+        EXPECT_EQ(sdr_find_by_name("Temp"), first);
+        EXPECT_EQ(stub.sent.size(), 5U);
+        const sdr_record *second = sdr_find_by_name("Door");
+        ASSERT_NE(second, nullptr);
+        EXPECT_EQ(second->sensor_number(), 0x12);
+        EXPECT_EQ(stub.sent.size(), 7U);
+        EXPECT_EQ(sdr_find_by_name("Temp"), first);
+        EXPECT_EQ(sdr_find_by_number(0x12, 0x14), second);
+        EXPECT_EQ(stub.sent.size(), 7U);
+        EXPECT_EQ(g_error_code, 0U);
+        EXPECT_EQ(sdr_find_by_name("Fan"), nullptr);
+        EXPECT_EQ(g_error_code, 0U);  // no record was read in this search
+        EXPECT_EQ(stub.sent.size(), 7U);
+    });
+}
+
+static constexpr char steps_of_opening[] = "SDR free space: 4096\r\n"
+                                           "SDR records   : 2\r\n"
+                                           "SDR reservation ID 1234\r\n";
+static constexpr char steps_of_a_record[] = "SDR record ID   : 0x0000\r\n"
+                                            "SDR record type : 0x03\r\n"
+                                            "SDR record next : 0xffff\r\n"
+                                            "SDR record bytes: 16\r\n"
+                                            "Getting 16 bytes from SDR at offset 5\r\n";
+static constexpr char body_of_a_record[] = "SDR data (len = 16):\r\n"
+                                           "20 00 11 03 01 14 6F 01 00 00 00 C4 54 65 6D 70 \r\n";
+
+TEST_F(sdr_reader, tells_steps_and_bodies_by_its_verbosity)
+{
+    const std::pair<int, std::string> levels[] = {
+        {0, ""},
+        {1, std::string(steps_of_opening) + steps_of_a_record + body_of_a_record},
+        {2, ""},
+        {3, std::string(steps_of_opening) + steps_of_a_record},
+        {4, body_of_a_record},
+        {5, ""},
+    };
+    for (const auto &[verbosity, expected] : levels)
+        alone([&, verbosity = verbosity, expected = expected] {
+            open();
+            record("00 00", "FF FF", temp);
+            EXPECT_EQ(told(verbosity, "Temp"), expected) << verbosity;
+        });
+}
+
+TEST_F(sdr_reader, tells_a_body_in_lines_of_twenty_bytes)
+{
+    alone([this] {
+        open();
+        wire("0A 23  34 12 00 00 00 05", "00 FF FF 00 00 51 03 14");
+        wire("0A 23  34 12 00 00 05 14", "00 FF FF 00 01 02 03 04 05 06 07 08 09 0A 00 0C 0D 0E 0F 10 11 12 13");
+        EXPECT_EQ(told(4, "Temp"), "SDR data (len = 20):\r\n"
+                                   "00 01 02 03 04 05 06 07 08 09 0A 00 0C 0D 0E 0F 10 11 12 13 \r\n"
+                                   "\r\n");
+    });
+}
+
+TEST_F(sdr_reader, tells_what_is_odd_about_the_store)
+{
+    alone([this] {
+        wire("06 01", "00 20 80 01 00 02 02 57 01 00 00 00");
+        wire("0A 20", "00 50 02 00 00 10");
+        wire("0A 22", "00 0A 00");
+        wire("0A 23  0A 00 00 00 00 05", "C3");
+        wire("0A 23  0A 00 00 00 00 05", "C5");
+        wire("0A 22", "00 0B 00");
+        wire("0A 23  0B 00 00 00 00 05", "00 FF FF 07 00 51 03 10");
+        wire("0A 23  0B 00 00 00 05 10", "C5");
+        wire("0A 22", "C1");
+        EXPECT_EQ(told(3, "Temp"), "Using SDR from Repository \r\n"
+                                   "WARNING: Unknown SDR repository version 0x50\r\n"
+                                   "SDR free space: 4096\r\n"
+                                   "SDR records   : 2\r\n"
+                                   "SDR reservation ID 000a\r\n"
+                                   "Get SDR 0000 command failed: Timeout\r\n"
+                                   "SDR reservation 000a cancelled. Sleeping a bit and retrying...\r\n"
+                                   "SDR reservation ID 000b\r\n"
+                                   "SDR record id mismatch: 0x0007\r\n"
+                                   "SDR record ID   : 0x0000\r\n"
+                                   "SDR record type : 0x03\r\n"
+                                   "SDR record next : 0xffff\r\n"
+                                   "SDR record bytes: 16\r\n"
+                                   "Getting 16 bytes from SDR at offset 5\r\n"
+                                   "SDR reservation cancelled. Sleeping a bit and retrying...\r\n");
+    });
+}
+
+TEST_F(sdr_reader, tells_that_a_reservation_is_not_renewed)
+{
+    alone([this] {
+        open();
+        wire("0A 23  34 12 00 00 00 05", "C5");
+        wire("0A 22", "C1");
+        EXPECT_EQ(told(1, "Temp"), std::string(steps_of_opening) +
+                                       "SDR reservation 1234 cancelled. Sleeping a bit and retrying...\r\n"
+                                       "Unable to renew SDR reservation\r\n");
+        EXPECT_EQ(g_error_code, 0x0A2200C1U);
+    });
+}
+
+TEST_F(sdr_reader, tells_of_device_sdrs)
+{
+    alone([this] {
+        wire("06 01", "00 20 81 01 00 02 01 57 01 00 00 00");
+        wire("04 20  01", "00 07 01");
+        wire("04 22", "C1");
+        EXPECT_EQ(told(1, "Temp"), "Using Device SDRs\r\n"
+                                   "SDR records   : 7\r\n"
+                                   "Unable to obtain SDR reservation\r\n"
+                                   "Unable to open SDR for reading\r\n");
+    });
+    alone([this] {
+        wire("06 01", "00 20 81 01 00 02 00 57 01 00 00 00");
+        EXPECT_EQ(told(1, "Temp"), "Error obtaining SDR info\r\n"
+                                   "Unable to open SDR for reading\r\n");
+    });
+}
+
+TEST_F(sdr_reader, finds_nothing_without_a_name)
+{
+    alone([] { EXPECT_EQ(told(0, nullptr), "Get sdr fail.\r\n"); });
+}
+
+TEST_F(sdr_reader, takes_a_store_that_does_not_open_for_empty)
+{
+    alone([this] {
+        wire("06 01", "C1");
+        EXPECT_EQ(printed([] {
+                      EXPECT_EQ(sdr_find_by_number(0x12, 0x14), nullptr);
+                      EXPECT_EQ(sdr_find_by_number(0x13, 0x14), nullptr);  // and is not asked again
+                  }),
+                  "");
+    });
+}
+
+TEST_F(sdr_reader, tells_what_a_command_is_about)
+{
+    alone([this] {
+        open();
+        record("00 00", "FF FF", temp);
+        sdr_verbosity = 3;
+        EXPECT_EQ(run(sensor_dataitems, "positivehysteresis", {"-v", "Temp", "7"}, 0),
+                  std::string("type = 1, name = Temp, value = 7.\r\n") + steps_of_opening + steps_of_a_record +
+                      "Set sensor positive hysteresis failed, error code: 0x40000008\r\n");
+    });
+    alone([this] {
+        const std::string full = "20 00 11 03 01 7F 68 01 01 00 00 00 00 3F 3F 00 01 00 00 01 00 00 00 00 00 00 00 00 "
+                                 "00 FF 00 00 00 00 00 00 00 00 00 00 00 00 C4 54 65 6D 70";
+        open();
+        wire("0A 23  34 12 00 00 00 05", "00 FF FF 00 00 51 01 2F");
+        wire("0A 23  34 12 00 00 05 2F", "00 FF FF " + full);
+        wire("04 26  11 02 00 05 00 00 00 00", "00");
+        sdr_verbosity = 3;
+        const std::string shown = run(sensor_dataitems, "lowercritical", {"-v", "Temp", "5"}, 1);
+        EXPECT_NE(shown.find("Setting sensor \"Temp\" Lower Critical threshold to 5.000\r\n"), std::string::npos);
+    });
+}
