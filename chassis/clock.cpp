@@ -54,16 +54,28 @@ static int ipmctime_usage()
 
 static bool is_outside(int value, int first, int last) { return value < first || value > last; }
 
-/// Stores one number of the date and time, the first being the year. Null = stored, else why it cannot be. Kept: what
-/// follows the second is not looked at.
+static constexpr char separators[] = "-:";
+static constexpr char time_failure[] = "Set ipmc time failed, error code: 0x%X";
+
+/// The year that the text begins with. Negative = told why there is none.
+static int take_year(char *text)
+{
+    const char *token = strtok(text, separators);
+    if (token == nullptr)
+        return ipmctime_usage() - 1;
+    const int year = parse_number(token);
+    if (year < 0)
+        return refuse("Parameter invalid") - 1;
+    if (is_outside(year, 1970, 2070))
+        return refuse("Year out of range.") - 1;
+    return year;
+}
+
+/// Stores one number of the date and time behind the year, the month being the second. Null = stored, else why it
+/// cannot be. Kept: what follows the seconds is not looked at.
 static const char *store_field(int position, int value, tm &calendar)
 {
     switch (position) {
-    case 1:
-        if (is_outside(value, 1970, 2070))
-            return "Year out of range.";
-        calendar.tm_year = value - 1900;
-        return nullptr;
     case 2:
         if (is_outside(value, 1, 12))
             return "\nMonth out of range.";  // Kept: a line feed in front
@@ -94,27 +106,24 @@ static const char *store_field(int position, int value, tm &calendar)
     }
 }
 
-/// Takes "YYYY-MM-DD-HH:MM:SS" apart, which is overwritten. False = told why it is no date and time.
-static bool read_calendar(char *text, tm &calendar)
+/// Goes on behind the year. False = told why it is no date and time.
+static bool take_other_fields(tm &calendar)
 {
-    static constexpr char separators[] = "-:";
-    int position = 0;
-    for (char *token = strtok(text, separators); token != nullptr; token = strtok(nullptr, separators)) {
+    int position = 1;
+    while (const char *token = strtok(nullptr, separators)) {
         const int32_t value = parse_number(token);
-        ++position;
         if (value < 0)
-            return refuse(position == 1 ? "Parameter invalid" : "Parameter invalid.") != 0;
-        if (const char *reason = store_field(position, value, calendar))
+            return refuse("Parameter invalid.") != 0;
+        if (const char *reason = store_field(++position, value, calendar))
             return refuse("%s", reason) != 0;
     }
     return position == 6 || ipmctime_usage() != 0;
 }
 
 /// Sets offset and time. The offset stays as it is set when the time cannot be.
-static int set_clock(char *text, int zone, tm &calendar)
+static int set_clock(int zone, tm &calendar)
 {
-    static constexpr char failure[] = "Set ipmc time failed, error code: 0x%X";
-    if (!read_calendar(text, calendar))
+    if (!take_other_fields(calendar))
         return 0;
     calendar.tm_isdst = -1;
     const time_t converted = mktime(&calendar);
@@ -125,7 +134,7 @@ static int set_clock(char *text, int zone, tm &calendar)
     ipmi_rsp answer;
     const ipmi_outcome got = exchange(set_sel_time(uint32_t(converted - time_t(zone) * 3600)), answer);
     if (!got.ok())
-        return refuse(failure, got.error_code());
+        return refuse(time_failure, got.error_code());
     say("Set ipmc time successfully.");
     return 1;
 }
@@ -146,8 +155,18 @@ int ipmctime(uint8_t level, uint8_t argc, char **argv, const char *target)
 
     char text[32];
     snprintf(text, sizeof text, "%s-%s", date, time_of_day);
-    tm calendar{};
-    return set_clock(text, zone, calendar);
+    const int year = take_year(text);
+    if (year < 0)
+        return 0;
+    auto *calendar = static_cast<tm *>(calloc(1, sizeof(tm)));
+    if (calendar == nullptr) {
+        g_error_code = error_memory;
+        return refuse(time_failure, g_error_code);
+    }
+    calendar->tm_year = year - 1900;
+    const int result = set_clock(zone, *calendar);
+    free(calendar);
+    return result;
 }
 
 // Time zone ---------------------------------------------------------------------------------------------------------

@@ -47,6 +47,7 @@ int identify(uint8_t level, uint8_t argc, char **argv, const char *target)
         return 0;
     if (argc != 0 && argc != 2)
         return refuse(identify_usage);
+    // Kept: the value is looked at before the "-v".
     const bool force = argc == 2 && strcmp(argv[1], "force") == 0;
     const int32_t seconds = argc == 2 && !force ? parse_number(argv[1]) : 0;
     if (seconds < 0 || (argc == 2 && !values_given(argc, argv, 1)))

@@ -17,6 +17,7 @@ extern uint32_t g_error_code;
 constexpr uint32_t error_not_sent = 0x40000000;     // five sends failed
 constexpr uint32_t error_no_answer = 0x40000001;    // nothing came, or with a length of 0 or above 1024
 constexpr uint32_t error_not_matched = 0x40000002;  // five answers came that belong to others
+constexpr uint32_t error_memory = 0x50000000;       // there is none left
 
 /// Sends one request and waits for the answer that belongs to it. At most five sends, 50 ms apart where the send failed
 /// or the answer was another's, at once where none came.

@@ -22,7 +22,7 @@ struct sdr_record {
 // Record types (IPMI 2.0, Sensor Data Record Formats)
 constexpr uint8_t sdr_full = 0x01, sdr_compact = 0x02, sdr_event_only = 0x03;
 
-constexpr uint32_t error_sensor_not_found = 0x40000003, error_empty_record = 0x40000004, error_memory = 0x50000000;
+constexpr uint32_t error_sensor_not_found = 0x40000003, error_empty_record = 0x40000004;
 
 /// Finds the record whose ID string is exactly `name`, among those kept first, then among those still to be read. Costs
 /// three requests at the first call and two for every record read.
