@@ -1,14 +1,16 @@
 #include "cli/hold_signals.h"
 
 #include <cstdio>
-#include <initializer_list>
 
 hold_signals::hold_signals()
 {
+    // Not those of a fault, which is there whether they are held or not, nor those that stop and continue.
+    static constexpr int others[] = {SIGILL, SIGTRAP, SIGABRT, SIGBUS,  SIGFPE,  SIGSEGV,
+                                     SIGSYS, SIGCHLD, SIGCONT, SIGTSTP, SIGTTIN, SIGTTOU};
     sigset_t ending;
-    sigemptyset(&ending);
-    for (const int signal_number : {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGALRM, SIGUSR1, SIGUSR2})
-        sigaddset(&ending, signal_number);
+    sigfillset(&ending);
+    for (const int number : others)
+        sigdelset(&ending, number);
     sigprocmask(SIG_BLOCK, &ending, &before);
 }
 

@@ -2,23 +2,43 @@
 
 #include "cli/console.h"
 
+#include <cerrno>
 #include <csignal>
 #include <cstddef>
 #include <cstdio>
+#include <poll.h>
 #include <sys/prctl.h>
 #include <termios.h>
 #include <unistd.h>
 
 /// What is typed goes from the terminal to the reader and stays in no library buffer on its way.
-static void read_unbuffered() { setvbuf(stdin, nullptr, _IONBF, 0); }
+static void read_unbuffered()
+{
+    static bool done;
+    if (!done)
+        setvbuf(stdin, nullptr, _IONBF, 0);
+    done = true;
+}
 
 // Confirmation ------------------------------------------------------------------------------------------------------
+
+/// What was typed behind the answer must not become a command of the shell that started the tool.
+static void discard_rest_of_line()
+{
+    pollfd input{STDIN_FILENO, POLLIN, 0};
+    if (isatty(STDIN_FILENO) != 1)
+        return;
+    for (int typed = 0; typed != '\n' && typed != EOF && poll(&input, 1, 0) == 1;)
+        typed = getchar();
+}
 
 bool ask_confirm(const char *prompt)
 {
     say_now("%s", prompt);
     read_unbuffered();
     const int answer = getchar();
+    if (answer != '\n' && answer != EOF)
+        discard_rest_of_line();
     if (answer == 'y' || answer == 'Y')
         return true;
     if (answer != 'n' && answer != 'N')
@@ -34,28 +54,36 @@ bool ask_confirm_with_warning()
 
 // Hidden input ------------------------------------------------------------------------------------------------------
 
+static termios shown_mode;                   // as it was before the first key: what a signal puts back
+static const termios *volatile wanted_mode;  // what the terminal is to be in when the process is continued
+
 int read_key()
 {
+    static termios raw;
     termios before;
     if (tcgetattr(STDIN_FILENO, &before) != 0)
         return -1;
-    termios raw = before;
+    raw = before;
     cfmakeraw(&raw);
-    if (tcsetattr(STDIN_FILENO, TCSANOW, &raw) != 0)
-        return -1;
-    const int key = fgetc(stdin);
+    const termios *const mode_between_keys = wanted_mode;
+    wanted_mode = &raw;
+    const int key = tcsetattr(STDIN_FILENO, TCSANOW, &raw) == 0 ? fgetc(stdin) : -1;
+    wanted_mode = mode_between_keys;
     return tcsetattr(STDIN_FILENO, TCSANOW, &before) == 0 ? key : -1;
 }
 
-static termios shown_terminal;  // as it was before the first key: what a signal puts back
+/// The terminal of a job in the background belongs to others.
+static void set_mode_in_foreground(const termios *mode)
+{
+    if (tcgetpgrp(STDIN_FILENO) == getpgrp())
+        tcsetattr(STDIN_FILENO, TCSANOW, mode);
+}
 
 /// Puts the terminal back for as long as the signal's own effect lasts: for good, or until the process is continued.
 static void restore_and_raise(int signal_number)
 {
-    termios hidden;
-    const bool known = tcgetattr(STDIN_FILENO, &hidden) == 0;
-    tcsetattr(STDIN_FILENO, TCSANOW, &shown_terminal);
-
+    const int error = errno;
+    set_mode_in_foreground(&shown_mode);
     struct sigaction own;
     struct sigaction standard {
     };
@@ -68,8 +96,16 @@ static void restore_and_raise(int signal_number)
     sigprocmask(SIG_UNBLOCK, &only_this, &blocked);  // here it ends or stops
     sigprocmask(SIG_SETMASK, &blocked, nullptr);
     sigaction(signal_number, &own, nullptr);
-    if (known)
-        tcsetattr(STDIN_FILENO, TCSANOW, &hidden);
+    set_mode_in_foreground(wanted_mode);
+    errno = error;
+}
+
+/// However it was stopped, whoever had the terminal meanwhile.
+static void hide_again(int)
+{
+    const int error = errno;
+    set_mode_in_foreground(wanted_mode);
+    errno = error;
 }
 
 /// Between the keys of a hidden word the terminal is in its normal mode but for the echo. A signal that ends or stops
@@ -77,40 +113,48 @@ static void restore_and_raise(int signal_number)
 class hidden_terminal
 {
 public:
-    hidden_terminal() : is_terminal(tcgetattr(STDIN_FILENO, &shown_terminal) == 0)
+    hidden_terminal() : is_terminal(tcgetattr(STDIN_FILENO, &shown_mode) == 0)
     {
+        sigemptyset(&caught);
         if (!is_terminal)
             return;
-        struct sigaction restoring {
-        };
-        restoring.sa_handler = restore_and_raise;
-        restoring.sa_flags = SA_RESTART;
-        for (size_t n = 0; n < signal_count; ++n) {
-            sigaction(signals[n], nullptr, &before[n]);
-            if (before[n].sa_handler == SIG_DFL)
-                sigaction(signals[n], &restoring, nullptr);
-        }
-        termios silent = shown_terminal;
-        silent.c_lflag &= ~tcflag_t(ECHO | ECHONL);
-        tcsetattr(STDIN_FILENO, TCSANOW, &silent);
+        silent_mode = shown_mode;
+        silent_mode.c_lflag &= ~tcflag_t(ECHO | ECHONL);
+        wanted_mode = &silent_mode;
+        for (int number = 1; number <= SIGRTMAX; ++number)
+            if (number != SIGCHLD && number != SIGURG && number != SIGWINCH && number != SIGTTOU)  // these end nothing
+                catch_signal(number, number == SIGCONT ? hide_again : restore_and_raise);
+        tcsetattr(STDIN_FILENO, TCSANOW, &silent_mode);
     }
     ~hidden_terminal()
     {
         if (!is_terminal)
             return;
-        tcsetattr(STDIN_FILENO, TCSANOW, &shown_terminal);
-        for (size_t n = 0; n < signal_count; ++n)
-            sigaction(signals[n], &before[n], nullptr);
+        tcsetattr(STDIN_FILENO, TCSANOW, &shown_mode);
+        for (int number = 1; number <= SIGRTMAX; ++number)
+            if (sigismember(&caught, number) == 1)
+                signal(number, SIG_DFL);
+        wanted_mode = nullptr;
     }
     hidden_terminal(const hidden_terminal &) = delete;
     hidden_terminal &operator=(const hidden_terminal &) = delete;
 
 private:
-    static constexpr int signals[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGALRM, SIGUSR1, SIGUSR2, SIGTSTP, SIGTTIN};
-    static constexpr size_t signal_count = sizeof signals / sizeof *signals;
+    void catch_signal(int number, void (*handler)(int))
+    {
+        struct sigaction present;
+        struct sigaction own {
+        };
+        own.sa_handler = handler;
+        own.sa_flags = SA_RESTART;
+        if (sigaction(number, nullptr, &present) == 0 && present.sa_handler == SIG_DFL &&
+            sigaction(number, &own, nullptr) == 0)
+            sigaddset(&caught, number);
+    }
 
     const bool is_terminal;
-    struct sigaction before[signal_count];
+    termios silent_mode;
+    sigset_t caught;
 };
 
 static constexpr int backspace = 8, carriage_return = 13, first_accepted = 26, erase = 127;  // Kept: 26 and not 32
@@ -131,7 +175,7 @@ static char *read_hidden(const char *prompt, char *word, size_t limit)
     while ((key = read_key()) != -1 && key != carriage_return) {
         const bool erases = key == backspace || key == erase;
         if (!erases && (key < first_accepted || key > erase))
-            break;  // any other control key ends the word as Enter does
+            break;  // any other key ends the word as Enter does
         if (erases && length > 0)
             word[--length] = '\0';
         else if (erases || length == limit)

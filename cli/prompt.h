@@ -5,10 +5,9 @@
 
 #include <cstddef>
 
-/// Prints the prompt and reads one character of the terminal's line; the rest of the line stays unread.
-///   returns  true for "y" and "Y"; false for "n" and "N", silently, and for anything else, an empty line and the end
-///   of
-///            the input included, with "Input character invalid."
+/// Prints the prompt and reads one character of the terminal's line. The rest of the line is not looked at.
+///   returns  true for "y" and "Y"; false for "n" and "N", silently, and for anything else with "Input character
+///            invalid.", an empty line and the end of the input included
 bool ask_confirm(const char *prompt);
 
 constexpr char continue_prompt[] = "Do you want to continue?[Y/N]:";
@@ -21,8 +20,8 @@ int read_key();
 
 constexpr unsigned max_password = 20, max_community = 18;
 
-/// Reads a word key by key without showing it. Enter and any other control key below code 26 end it (8 erases, as 127
-/// does); a key beyond the limit, or an erase with nothing left, rings the bell. Before the first word is read the
+/// Reads a word key by key without showing it. Codes 26 to 127 are taken; 8 and 127 erase; any other key ends it, as
+/// Enter does. A key beyond the limit, or an erase with nothing left, rings the bell. Before the first word is read the
 /// process is made undumpable.
 ///   returns  the word in a buffer that the next call overwrites, for the caller to wipe with vos_memset; null when
 ///            standard input is no terminal or ends
