@@ -53,7 +53,7 @@ static int show_fan_status()
     const uint32_t timeout_s = status.u32le();
     const bool forever = status.u8() == 1;
     if (mode == mode_auto) {
-        say("Current Mode:        Auto ");
+        say("Current Mode:        Auto ");  // Kept: a blank behind it
         return 1;
     }
     if (mode == mode_manual && forever)

@@ -63,7 +63,7 @@ void apply_blacklist(char *text, unsigned long length)
     bool behind_dataitem_line = false;
     for (const char *line = text; line < text + length; line += strlen(line) + 1) {
         const bool named = strstr(line, "cfgtool") != nullptr;
-        const char option = option_of(line);
+        const char option = option_of(line);  // Kept: a line that names the tool and neither option is passed over
         // Kept: directly behind a "-d" line a target line need not name the tool. An empty line uses this up.
         if (option == 't' && (named || behind_dataitem_line))
             disable_in_target(line);

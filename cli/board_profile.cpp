@@ -34,7 +34,7 @@ static void read_mac_properties(void *file, long section)
     const char *count = find_value(file, section, "MAC_Num");
     board.mac_count = number_or(count, 10);
     if (count == nullptr)
-        say("\r\nGet MAC_Num fail ");
+        say("\r\nGet MAC_Num fail ");  // Kept: a blank behind it
     if (const int on_board = get_mac_num(); on_board > 0)
         board.mac_count = on_board;
 

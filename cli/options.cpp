@@ -42,7 +42,7 @@ static void list_rows(const command_entry *table, uint32_t mask = UINT32_MAX)
 static void print_usage(uint8_t targets_seen, const char *target)
 {
     if (targets_seen == 0) {
-        say("Useage: cfgtool [-t target] -d dataitem [-v value]");
+        say("Useage: cfgtool [-t target] -d dataitem [-v value]");  // Kept: spelled so
         say(targets_heading);
         list_rows(targets);
         say(dataitems_heading_apart);
@@ -69,7 +69,7 @@ static bool validate_target(const char *target)
     if (found.count == 1)
         return true;
     if (found.count == 0)
-        say("input parameter[-t] error");
+        say("input parameter[-t] error");  // Kept: a small "i" here, a capital below
     say(targets_heading);
     list_rows(targets, found.count == 0 ? UINT32_MAX : found.mask);
     return false;

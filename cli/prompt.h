@@ -5,7 +5,7 @@
 
 #include <cstddef>
 
-/// Prints the prompt and reads one character of the terminal's line. The rest of the line is not looked at.
+/// Prints the prompt and reads one character of the terminal's line. The rest of the line is thrown away.
 ///   returns  true for "y" and "Y"; false for "n" and "N", silently, and for anything else with "Input character
 ///            invalid.", an empty line and the end of the input included
 bool ask_confirm(const char *prompt);

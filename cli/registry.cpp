@@ -49,7 +49,7 @@ command_entry top_level_dataitems[] = {
     {"rollback", "Perform a manual rollback", command, rollback},
     {"timezone", "Set time zone", command, timezone_command},
     {"passwordcomplexity", "Set password complexity check enable state", command, passwordcomplexity},
-    {"remotemanageid", "set Remote Manage ID", command, remotemanageid},
+    {"remotemanageid", "set Remote Manage ID", command, remotemanageid},  // Kept: a small "s"
     {"httphost", "Set httphost value, IP or Domain Name", command, httphost},
     {},
 };

@@ -17,7 +17,7 @@ using command_handler = int(uint8_t level, uint8_t argc, char **argv, const char
 
 struct command_entry {
     const char *name;          // null ends the table
-    const char *help;          //
+    const char *help;          // a line of the listing
     uint32_t flags;            // byte 0 required privilege level, byte 1 state, bytes 2 and 3 zero
     command_handler *handler;  // null in the target table
 
@@ -40,7 +40,7 @@ extern command_entry eth1_dataitems[], smbios_dataitems[];
 /// The rows of a table that a typed text may mean.
 struct row_matches {
     uint32_t mask;   // bit n = row n
-    unsigned count;  //
+    unsigned count;  // of rows
     unsigned first;  // the lowest row, valid when count is not 0
 };
 enum class disabled_rows { skipped, counted };

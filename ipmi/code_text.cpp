@@ -63,14 +63,14 @@ struct command_codes {
     const value_text *codes;
 };
 static constexpr command_codes specific_codes[] = {
-    {netfn_app, 0x22, reset_watchdog_codes},        // Reset Watchdog Timer
-    {netfn_chassis, 0x08, set_boot_options_codes},  // Set System Boot Options
-    {netfn_chassis, 0x09, get_parameter_codes},     // Get System Boot Options
-    {netfn_storage, 0x11, read_fru_codes},          // Read FRU Data
-    {netfn_storage, 0x40, get_sel_info_codes},      // Get SEL Info
-    {netfn_transport, 0x01, set_lan_codes},         // Set LAN Configuration Parameters
-    {netfn_transport, 0x02, get_parameter_codes},   // Get LAN Configuration Parameters
-    {netfn_sensor_event, 0x21, get_device_sdr_codes},
+    {netfn_app, 0x22, reset_watchdog_codes},           // Reset Watchdog Timer
+    {netfn_chassis, 0x08, set_boot_options_codes},     // Set System Boot Options
+    {netfn_chassis, 0x09, get_parameter_codes},        // Get System Boot Options
+    {netfn_storage, 0x11, read_fru_codes},             // Read FRU Data
+    {netfn_storage, 0x40, get_sel_info_codes},         // Get SEL Info
+    {netfn_transport, 0x01, set_lan_codes},            // Set LAN Configuration Parameters
+    {netfn_transport, 0x02, get_parameter_codes},      // Get LAN Configuration Parameters
+    {netfn_sensor_event, 0x21, get_device_sdr_codes},  // Get Device SDR
 };
 
 static constexpr char unknown_format[] = "Unknown (0x%x)";

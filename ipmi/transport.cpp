@@ -85,7 +85,7 @@ static int send_recv(const ipmi_msg *request, ipmi_rsp *response, uint8_t length
             vos_task_delay_us(retry_delay_us);
         } else if (!receive(*response, waits_per_send)) {
             if (attempt == max_attempts) {
-                say("Select OutTime ");
+                say("Select OutTime ");  // Kept: a blank behind it
                 return fail(error_no_answer);
             }  // Kept: the one retry without a pause
         } else if (!belongs_to(frame, *response)) {
@@ -95,7 +95,7 @@ static int send_recv(const ipmi_msg *request, ipmi_rsp *response, uint8_t length
                        sizeof *response);  // nothing of it behind the end of the next one
             vos_task_delay_us(retry_delay_us);
         } else if (const unsigned got = payload_length(*response); got == 0 || got > max_payload) {
-            say("rsp->data_len err(0x%x) ", got);
+            say("rsp->data_len err(0x%x) ", got);  // Kept: a blank behind it
             return fail(error_no_answer);
         } else {
             return 1;
@@ -126,7 +126,8 @@ static ipmi_outcome exchange_by(int (*transport)(const ipmi_msg *, ipmi_rsp *, u
         return outcome;
 
     const unsigned end = payload_start + payload_length(response);
-    outcome.completion = response.byte[data_start - 1];
+    if (end >= data_start)
+        outcome.completion = response.byte[data_start - 1];
     outcome.how = outcome.completion == 0 ? ipmi_outcome::end::answered : ipmi_outcome::end::refused;
     if (end > data_start)
         outcome.data = std::span(response.byte).subspan(data_start, end - data_start);

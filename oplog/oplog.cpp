@@ -10,7 +10,7 @@
 
 int get_username_ip(char *user, size_t user_size, char *origin, size_t origin_size)
 {
-    if (user == nullptr || origin == nullptr)
+    if (user == nullptr || origin == nullptr || origin_size == 0)
         return refuse("get_username_ip: parameter invalid.");
 
     const char *name = getenv("LOGNAME");

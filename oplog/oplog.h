@@ -9,7 +9,7 @@ constexpr uint32_t log_class_account = 1, log_class_change = 2;
 
 /// Writes one record through the platform, with the caller's name and origin.
 ///   module   word naming the area, "Fan", "Network", ...
-///   record   an English sentence that ends in ",EvtCode:0x" and eight upper-case hexadecimal digits
+///   record   an English sentence, with "EvtCode:0x" and eight upper-case hexadecimal digits at its end
 ///   returns  what the platform returns, 0 = written; nobody is told of a failure
 int save_sys_log(uint32_t log_class, const char *module, const char *record);
 
@@ -20,5 +20,5 @@ int save_sys_log(uint32_t log_class, const char *module, const char *record);
 
 /// The user: LOGNAME, or "unknown". The origin: the address of the SSH client, or REMOTEHOST, or "console". Both are
 /// cut to their buffer.
-///   returns  1 = both filled, 0 = a null buffer
+///   returns  1 = both filled, 0 = a null buffer or no room
 int get_username_ip(char *user, size_t user_size, char *origin, size_t origin_size);

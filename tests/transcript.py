@@ -81,7 +81,7 @@ class Transcript:
     uid: int = 0
     env: dict = dataclasses.field(default_factory=lambda: {"LOGNAME": b"tester"})
     closed: list = dataclasses.field(default_factory=list)  # standard descriptors
-    screen: str = ""  # "full" or "gone" where nothing can be shown
+    screen: str = ""  # "full" or "gone" where nothing can be shown, "file" where it shows late
     files: list = dataclasses.field(default_factory=list)  # (kind, path, bytes)
     board: bytes = STANDARD_BOARD
     events: list = dataclasses.field(default_factory=list)  # what is to happen, in order
@@ -89,6 +89,7 @@ class Transcript:
     stderr: bytes = b""
     changed: dict = dataclasses.field(default_factory=dict)  # path -> bytes, or None for gone
     calls_shown: bool = False
+    ending: int = 0  # the signal that ends the tool
     exchanges: int = 0
 
     def expect_screen(self, text):
@@ -196,6 +197,26 @@ def parse_raw_recv(transcript, line):
     transcript.script.append(f"recv {line}")
 
 
+def signal_number(name):
+    try:
+        return signal.Signals["SIG" + name].value
+    except KeyError:
+        raise BadTranscript(f"no signal SIG{name}") from None
+
+
+def parse_signal(transcript, name):
+    """signal NAME: sent while the exchange above waits for its answer."""
+    if not transcript.script or not transcript.script[-1].startswith("recv "):
+        raise BadTranscript("a signal stands right behind an exchange that waits for an answer")
+    transcript.script.append(f"signal {signal_number(name)}")
+
+
+def parse_secret(transcript, text):
+    transcript.events.append(("secret", text))
+    if f"secret {text.hex()}" not in transcript.script:
+        transcript.script.append(f"secret {text.hex()}")
+
+
 def words_of(text):
     return shlex.split(text, comments=False)
 
@@ -221,7 +242,8 @@ def shown_word(word):
 def parse_log(transcript, line):
     """log CLASS MODULE "RECORD" [by "USER"] [from "ORIGIN"]"""
     words = list(split_call(line))
-    log_class, module, record = int(words[0]), words[1].encode(), words[2]
+    log_class, module, record = int(words[0]), words[1], words[2]
+    module = module if isinstance(module, bytes) else module.encode()
     user, origin = transcript.env.get("LOGNAME", b"unknown"), b"console"
     for name, value in zip(words[3::2], words[4::2]):
         if name == "by":
@@ -356,8 +378,10 @@ class Reader:
             transcript.env.pop(rest, None)
         elif verb == "closed":
             transcript.closed = [int(number) for number in rest.split()]
-        elif verb == "screen" and rest in ("full", "gone"):
+        elif verb == "screen" and rest in ("full", "gone", "file"):
             transcript.screen = rest
+            if rest == "file":
+                transcript.script.append("screen file")
         elif verb == "board":
             transcript.board = None if rest == "none" else self.value(rest)
         elif verb in ("file", "wrote"):
@@ -384,15 +408,32 @@ class Reader:
             parse_raw_send(transcript, without_comment(rest))
         elif verb == "recv":
             parse_raw_recv(transcript, without_comment(rest))
-        elif verb == "keys":
-            transcript.events.append(("keys", self.value(rest)))
+        elif verb in ("keys", "hidden"):
+            transcript.events.append(("keys", self.value(rest), verb))
+        elif verb == "secret":
+            parse_secret(transcript, self.value(rest))
+        elif verb == "signal":
+            parse_signal(transcript, rest)
+        elif verb == "ends":
+            transcript.ending = signal_number(rest)
+        elif verb == "modes" and rest == "shown":
+            transcript.script.append("modes shown")
+        elif verb == "mode":
+            transcript.events.append(("mode", rest))
         elif verb == "do":
-            if rest not in self.named_steps:
-                raise BadTranscript(f"no steps \"{rest}\" stand above")
-            for step in self.named_steps[rest]:
-                self.take(transcript, step)
+            self.take_named_steps(transcript, rest)
         else:
             raise BadTranscript(f"what is \"{verb}\"?")
+
+    def take_named_steps(self, transcript, line):
+        """do NAME, or do NAME for FIRST..LAST: {N*FACTOR:FORMAT} in the steps is the number's multiple."""
+        name, first, last = re.fullmatch(r"(.*?)(?: for (\d+)\.\.(\d+))?", line).groups()
+        if name not in self.named_steps:
+            raise BadTranscript(f"no steps \"{name}\" stand above")
+        for number in range(int(first or 0), int(last or 0) + 1):
+            for step in self.named_steps[name]:
+                step = re.sub(r"\{N\*(\d+):(\w+)\}", lambda m: format(number * int(m[1]), m[2]), step)
+                self.take(transcript, step)
 
 
 # Playing --------------------------------------------------------------------------------------------------------------
@@ -406,6 +447,7 @@ class Run:
     changed: dict
     terminal_changed: bool = False
     late: bool = False
+    shown: bytes = b""  # by the terminal, what it echoed included
 
 
 def put_file(root, kind, path, content):
@@ -464,11 +506,13 @@ def parse_trace(text):
             if events and events[-1][0] == "screen":
                 shown = events.pop()[1] + shown
             events.append(("screen", shown))
+        elif verb == "held":
+            events.append(("held", bytes.fromhex(words[0][2:]), words[1]))
         elif verb == "log":
             texts = [bytes.fromhex(word[2:]) for word in words[1:]]
             events.append(("log", int(words[0]), *texts))
         else:
-            events.append((verb, " ".join([words[0]] + [unquote(word) for word in words[1:]])))
+            events.append((verb, " ".join(words[:1] + [unquote(word) for word in words[1:]])))
     return events
 
 
@@ -491,14 +535,20 @@ class Terminal:
             if event[0] == "screen":
                 screen += event[1]
             elif event[0] == "keys":
-                self.batches.append((screen[-40:].replace(b"\r", b""), event[1]))
+                self.batches.append((screen[-40:].replace(b"\r", b""), *event[1:]))
                 screen = b""
+        self.shown = b""
         self.seen = b""  # since the last keys
+
+    def is_raw(self):
+        return not termios.tcgetattr(self.main)[3] & termios.ICANON
 
     def type_what_is_due(self):
         # The terminal echoes keys of its own accord and turns \n into \r\n, so only the end of the screen is compared.
         while self.batches and self.seen.replace(b"\r", b"").endswith(self.batches[0][0]):
-            _, keys = self.batches.pop(0)
+            if self.batches[0][2] == "hidden" and not self.is_raw():
+                return
+            _, keys, _ = self.batches.pop(0)
             self.seen = b""
             os.write(self.main, keys)
 
@@ -506,12 +556,21 @@ class Terminal:
         self.type_what_is_due()
         while process.poll() is None and time.monotonic() < deadline:
             ready, _, _ = select.select([self.main], [], [], 0.01)
-            if ready:
-                try:
-                    self.seen += os.read(self.main, 65536)
-                except OSError:  # the tool has ended
-                    return
-                self.type_what_is_due()
+            if ready and not self.read():
+                return
+            self.type_what_is_due()
+        while select.select([self.main], [], [], 0)[0] and self.read():
+            pass
+
+    def read(self):
+        """False = the tool has ended."""
+        try:
+            shown = os.read(self.main, 65536)
+        except OSError:
+            return False
+        self.shown += shown
+        self.seen += shown
+        return True
 
 
 def open_screen(kind):
@@ -580,7 +639,8 @@ def play(transcript, argv, tool, platform):
     shutil.rmtree(root)
     changed = {path: content for path, content in after.items() if before.get(path) != content}
     changed.update({path: None for path in before if path not in after})
-    return Run(events, process.returncode, complaints, changed, terminal_changed, late)
+    shown = terminal.shown if terminal else b""
+    return Run(events, process.returncode, complaints, changed, terminal_changed, late, shown)
 
 
 # Comparing ------------------------------------------------------------------------------------------------------------
@@ -597,17 +657,49 @@ def shown(event):
     return " ".join(str(word) for word in event)
 
 
+def is_lifecycle(event):
+    return event[0] == "call" and (event[1].split()[0] in LIFECYCLE or event[1] == BLACKLIST[0])
+
+
 def split_lifecycle(events):
     """The calls that frame a run apart from what the command did; the screen's parts join up again."""
     frame, rest = [], []
     for event in events:
-        if event[0] == "call" and (event[1].split()[0] in LIFECYCLE or event[1] == BLACKLIST[0]):
+        if is_lifecycle(event):
             frame.append(event[1])
         elif event[0] == "screen" and rest and rest[-1][0] == "screen":
             rest[-1] = ("screen", rest[-1][1] + event[1])
         else:
             rest.append(event)
     return frame, rest
+
+
+def split_secrets(events):
+    """The findings of secrets, or where they must end, each behind the number of steps before it; and all else."""
+    found, rest, steps = [], [], 0
+    for event in events:
+        if event[0] in ("secret", "held"):
+            found.append((steps, *event[1:]))
+        elif rest and rest[-1][0] == event[0] and event[0] in ("screen", "sleep"):
+            rest[-1] = (event[0], rest[-1][1] + event[1])
+        else:
+            rest.append(event)
+            steps += event[0] not in ("screen", "keys") and not is_lifecycle(event)
+    return found, rest
+
+
+TRACE_LENGTH = 6  # so many bytes of a secret in a row are a trace of it, as the scripted platform counts
+
+
+def faults_of_secrets(forgotten, held, terminal):
+    faults = []
+    for since, secret in forgotten:
+        places = [(steps, place) for steps, text, place in held if text == secret and steps >= since]
+        faults += [f"{secret} in memory after {steps} steps: {place}" for steps, place in places]
+        parts = [secret[n : n + TRACE_LENGTH] for n in range(max(1, len(secret) - TRACE_LENGTH + 1))]
+        if any(part in terminal for part in parts):
+            faults.append(f"{secret} on the terminal: {terminal}")
+    return faults
 
 
 def difference(expected, actual):
@@ -618,13 +710,14 @@ def difference(expected, actual):
 
 
 def faults_of(transcript, run):
-    expected = [event for event in transcript.events if event[0] != "keys"]
-    actual = run.events
-    faults = []
+    forgotten, expected = split_secrets(event for event in transcript.events if event[0] != "keys")
+    held, actual = split_secrets(run.events)
+    faults = faults_of_secrets(forgotten, held, run.shown)
     if not transcript.calls_shown:
         frame, actual = split_lifecycle(actual)
         frame = [call for call in frame if call.split()[0] not in ("KeySearch", "get_mac_num")]
-        wanted = START_UP + (THEN if transcript.board is not None else []) + BLACKLIST + TEAR_DOWN
+        wanted = START_UP + (THEN if transcript.board is not None else []) + BLACKLIST
+        wanted += [] if transcript.ending else TEAR_DOWN
         if frame != wanted:
             faults += ["start-up and tear-down:"] + difference(wanted, frame)
         _, expected = split_lifecycle(expected)
@@ -632,7 +725,7 @@ def faults_of(transcript, run):
         faults += difference([shown(event) for event in expected], [shown(event) for event in actual])
     if run.late:
         faults.append(f"still running after {TIME_LIMIT_S} seconds")
-    elif run.status != 0:
+    elif run.status != -transcript.ending:
         faults.append(f"exit status {run.status}")
     if run.stderr != transcript.stderr:
         faults.append(f"standard error: {run.stderr.decode(errors='replace')}")

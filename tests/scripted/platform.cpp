@@ -7,13 +7,21 @@
 ///   send RESULT        the next send's result
 ///   recv none          the next receive finds nothing
 ///   recv LENGTH HEX    the next receive finds this payload, under this length field
+///   signal NUMBER      the tool is sent this signal while the receive above waits
 ///   result CALL VALUE  the next result of any other call; 0 when nothing is said
+///   screen file        what is said shows when it is flushed, and not at the end of each line
+///   secret HEX         a text that the tool is to forget: every platform call looks for it in the tool's memory
+///   modes shown        the modes that the terminal is put in stand in the trace
 /// and the trace of what happened, in the order in which an operator at a terminal sees it
 ///   send FLAGS PORT HEX | recv | sleep MICROSECONDS | screen HEX | log CLASS HEX HEX HEX HEX | call NAME ARGUMENT...
+///   held HEX PLACE     a secret, or some bytes of it in a row, was found when the next call was made
+///   dumpable           a secret's key is about to be read, and others may look into the process
+///   mode raw | mode hidden | mode shown
 /// with texts in hexadecimal behind "s:".
 #include "platform/platform.h"
 
 #include <algorithm>
+#include <csignal>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -21,7 +29,9 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <string>
+#include <sys/prctl.h>
 #include <sys/stat.h>
+#include <termios.h>
 #include <unistd.h>
 #include <vector>
 
@@ -34,10 +44,17 @@ struct answer {
     bool none;
     unsigned length;
     std::vector<unsigned char> payload;
+    int signal = 0;
 };
 struct call_result {
     std::string call;
     long value;
+};
+
+/// Kept inverted, so that memory holds it only where the tool put it.
+struct secret {
+    std::string hex;
+    std::vector<unsigned char> inverted;
 };
 
 struct script {
@@ -46,6 +63,8 @@ struct script {
     std::vector<int> sends;
     std::vector<answer> answers;
     std::vector<call_result> results;
+    std::vector<secret> secrets;
+    bool screen_is_file = false, modes_shown = false;
     size_t next_send = 0, next_answer = 0;
 };
 script *played;
@@ -65,12 +84,12 @@ std::string hex(const void *bytes, size_t count)
 
 std::string quoted(const char *text) { return text == nullptr ? "null" : "s:" + hex(text, strlen(text)); }
 
-std::vector<unsigned char> unhex(const char *text)
+std::vector<unsigned char> unhex(const char *text, unsigned mask = 0)
 {
     std::vector<unsigned char> bytes;
     unsigned value = 0;
     for (int used = 0; sscanf(text, "%2x%n", &value, &used) == 1; text += used)
-        bytes.push_back(static_cast<unsigned char>(value));
+        bytes.push_back(static_cast<unsigned char>(value ^ mask));
     return bytes;
 }
 
@@ -105,11 +124,19 @@ void take(script &to, const std::string &line)
     } else if (verb == "send") {
         to.sends.push_back(atoi(rest.c_str()));
     } else if (verb == "recv" && rest == "none") {
-        to.answers.push_back({true, 0, {}});
+        to.answers.push_back({true, 0, {}, 0});
     } else if (verb == "recv") {
         char *end = nullptr;
         const auto length = static_cast<unsigned>(strtoul(rest.c_str(), &end, 10));
-        to.answers.push_back({false, length, unhex(end)});
+        to.answers.push_back({false, length, unhex(end), 0});
+    } else if (verb == "signal" && !to.answers.empty()) {
+        to.answers.back().signal = atoi(rest.c_str());
+    } else if (verb == "screen" && rest == "file") {
+        to.screen_is_file = true;
+    } else if (verb == "secret") {
+        to.secrets.push_back({rest, unhex(rest.c_str(), 0xFF)});
+    } else if (verb == "modes" && rest == "shown") {
+        to.modes_shown = true;
     } else if (verb == "result") {
         const size_t at = rest.find(' ');
         to.results.push_back({rest.substr(0, at), atol(rest.c_str() + at)});
@@ -131,6 +158,68 @@ script *load(int fd)
     return loaded;
 }
 
+// Secrets -----------------------------------------------------------------------------------------------------------
+
+constexpr size_t trace_length = 6;            // so many bytes of a secret in a row are a trace of it
+constexpr size_t largest_mapping = 64 << 20;  // a sanitizer's own books are larger
+
+/// Whatever a sanitizer thinks of the bytes at `place`.
+[[gnu::no_sanitize_address]] bool stands_at(const unsigned char *place, const unsigned char *inverted, size_t length)
+{
+    for (size_t n = 0; n < length; ++n)
+        if (place[n] != static_cast<unsigned char>(~inverted[n]))
+            return false;
+    return true;
+}
+
+[[gnu::no_sanitize_address]] void look_for(const secret &wanted, const unsigned char *start, const unsigned char *end,
+                                           const char *name)
+{
+    const size_t size = wanted.inverted.size(), length = std::min(trace_length, size);
+    bool may_start[256] = {};
+    for (size_t n = 0; n + length <= size; ++n)
+        may_start[wanted.inverted[n] ^ 0xFF] = true;
+    for (const unsigned char *place = start; place + length <= end; ++place) {
+        size_t n = may_start[*place] ? 0 : size;
+        while (n + length <= size && !stands_at(place, &wanted.inverted[n], length))
+            ++n;
+        if (n + length > size)
+            continue;
+        trace("held s:" + wanted.hex + " " + name + "+" + std::to_string(place - start));
+        place += size - n - 1;  // behind this copy
+    }
+}
+
+/// Looks through all memory that can be written, what was given back included. Every platform call begins with it, and
+/// it leaves the stack below alone until it has looked there.
+void look_for_secrets()
+{
+    static char mappings[1 << 16];
+    if (played == nullptr || played->secrets.empty())
+        return;
+    const int file = openat(AT_FDCWD, "/proc/self/maps", O_RDONLY | O_CLOEXEC);
+    size_t size = 0;
+    for (ssize_t got = 0; (got = read(file, mappings + size, sizeof mappings - 1 - size)) > 0;)
+        size += static_cast<size_t>(got);
+    close(file);
+    if (size == 0 || size == sizeof mappings - 1)
+        abort();
+    mappings[size] = '\0';
+    for (char *line = mappings; *line != '\0';) {  // START-END rwxp OFFSET DEVICE INODE NAME
+        char *const line_end = strchr(line, '\n');
+        *line_end = '\0';
+        char *rest = nullptr;
+        const auto start = strtoul(line, &rest, 16), end = strtoul(rest + 1, &rest, 16);
+        if (strncmp(rest, " rw", 3) == 0 && end - start <= largest_mapping)
+            for (const secret &wanted : played->secrets)
+                look_for(wanted, reinterpret_cast<const unsigned char *>(start),
+                         reinterpret_cast<const unsigned char *>(end), strrchr(line, ' ') + 1);
+        line = line_end + 1;
+    }
+}
+
+// Calls -------------------------------------------------------------------------------------------------------------
+
 long result_of(const char *call, long otherwise = 0)
 {
     for (auto row = played->results.begin(); row != played->results.end(); ++row) {
@@ -143,8 +232,15 @@ long result_of(const char *call, long otherwise = 0)
     return otherwise;
 }
 
+void slept(unsigned long long microseconds)
+{
+    look_for_secrets();
+    trace("sleep " + std::to_string(microseconds));
+}
+
 long called(const char *name, const std::string &arguments = "", long otherwise = 0)
 {
+    look_for_secrets();
     trace(std::string("call ") + name + (arguments.empty() ? "" : " " + arguments));
     return result_of(name, otherwise);
 }
@@ -173,6 +269,7 @@ ssize_t show(void *, const char *text, size_t size)
 }
 
 /// Standard output becomes a terminal's: line by line, what is flushed in between at once, all of it traced in order.
+/// A file's shows when it is flushed.
 [[gnu::constructor]] void start()
 {
     const char *descriptors = getenv("SCRIPTED_PLATFORM");
@@ -186,7 +283,7 @@ ssize_t show(void *, const char *text, size_t size)
     cookie_io_functions_t screen{};
     screen.write = show;
     stdout = fopencookie(nullptr, "w", screen);
-    setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
+    setvbuf(stdout, nullptr, played->screen_is_file ? _IOFBF : _IOLBF, BUFSIZ);
 }
 
 }  // namespace
@@ -225,6 +322,37 @@ ABI int open64(const char *path, int flags, ...)
     return file;
 }
 
+// libc: the terminal ------------------------------------------------------------------------------------------------
+
+/// Says so in a way that a signal's handler may.
+static void note(const char *line)
+{
+    if (write(trace_fd, line, strlen(line)) < 0)
+        abort();
+}
+
+ABI int tcgetattr(int file, termios *mode) noexcept
+{
+    static const auto get = real<int (*)(int, termios *)>("tcgetattr");
+    return played != nullptr && result_of("tcgetattr") != 0 ? -1 : get(file, mode);
+}
+
+ABI int tcsetattr(int file, int when, const termios *mode) noexcept
+{
+    static const auto set = real<int (*)(int, int, const termios *)>("tcsetattr");
+    const bool is_raw = (mode->c_lflag & ICANON) == 0, is_hidden = (mode->c_lflag & ECHO) == 0;
+    if (played == nullptr)
+        return set(file, when, mode);
+    if (is_raw && !played->secrets.empty() && prctl(PR_GET_DUMPABLE) != 0)
+        note("dumpable\n");
+    if (result_of("tcsetattr") != 0)
+        return -1;
+    const int result = set(file, when, mode);
+    if (played->modes_shown)
+        note(is_raw ? "mode raw\n" : is_hidden ? "mode hidden\n" : "mode shown\n");
+    return result;
+}
+
 // Message library ---------------------------------------------------------------------------------------------------
 
 ABI int ipc_no_listen_init(int port)
@@ -239,16 +367,20 @@ ABI void ipc_exit() { called("ipc_exit"); }
 
 ABI int ipc_msg_send(const void *message, unsigned int length, unsigned int flags, unsigned int port)
 {
+    look_for_secrets();
     trace("send " + std::to_string(flags) + " " + std::to_string(port) + " " + hex(message, length));
     return played->next_send < played->sends.size() ? played->sends[played->next_send++] : -1;
 }
 
 ABI int ipc_msg_recv(void *message)
 {
+    look_for_secrets();
     trace("recv");
     if (played->next_answer >= played->answers.size())
         return -1;
     const answer &next = played->answers[played->next_answer++];
+    if (next.signal != 0)
+        raise(next.signal);
     if (next.none)
         return -1;
     auto *record = static_cast<unsigned char *>(message);
@@ -301,8 +433,8 @@ ABI int vos_snprintf(char *to, size_t to_size, const char *format, ...)
     return length;
 }
 
-ABI void vos_task_delay(unsigned int milliseconds) { trace("sleep " + std::to_string(1000ULL * milliseconds)); }
-ABI void vos_task_delay_us(unsigned int microseconds) { trace("sleep " + std::to_string(microseconds)); }
+ABI void vos_task_delay(unsigned int milliseconds) { slept(1000ULL * milliseconds); }
+ABI void vos_task_delay_us(unsigned int microseconds) { slept(microseconds); }
 
 static int run(const char *name, const char *path, char *const argv[])
 {
@@ -343,6 +475,7 @@ ABI unsigned int vos_rand() { return static_cast<unsigned>(called("vos_rand")); 
 ABI int vos_zentro_log(unsigned int log_class, const char *user, const char *origin, const char *module,
                        const char *record)
 {
+    look_for_secrets();
     trace("log " + std::to_string(log_class) + " " + quoted(user) + " " + quoted(origin) + " " + quoted(module) + " " +
           quoted(record));
     return static_cast<int>(result_of("vos_zentro_log"));
@@ -432,13 +565,17 @@ ABI void cpld_clean() { called("cpld_clean"); }
 ABI void fpga_clean() { called("fpga_clean"); }
 ABI int get_mac_num() { return static_cast<int>(called("get_mac_num")); }
 
+/// What is read is all "E"; nothing is when the call fails.
 ABI int i2c_write_read(int bus, int address, const unsigned char *write, int write_length, unsigned char *read,
                        int read_length, int flags)
 {
-    memset(read, 0, static_cast<size_t>(read_length));
-    return static_cast<int>(called("i2c_write_read", std::to_string(bus) + " " + std::to_string(address) + " " +
-                                                         hex(write, static_cast<size_t>(write_length)) + " " +
-                                                         std::to_string(read_length) + " " + std::to_string(flags)));
+    const int result =
+        static_cast<int>(called("i2c_write_read", std::to_string(bus) + " " + std::to_string(address) + " " +
+                                                      hex(write, static_cast<size_t>(write_length)) + " " +
+                                                      std::to_string(read_length) + " " + std::to_string(flags)));
+    if (result >= 0)
+        memset(read, 'E', static_cast<size_t>(read_length));
+    return result;
 }
 
 ABI int get_bios(const char *path, unsigned int length)

@@ -213,3 +213,11 @@ recv 7 63 C4 D9 00 04 91 00
 | Set fan mode successfully.
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0"
+
+# an answer that ends before the completion code has none: what stands behind its end is not read
+$ cfgtool -d fanmode -v 0
+send 00 C0 40 63 00 91 D9 7E 00 01 00 B4
+recv 6 63 C4 D9 00 00 91 C1
+| Set fan mode successfully.
+| Current Mode:       Auto
+log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0"
