@@ -18,6 +18,7 @@ int lan_set_in_progress(uint8_t value)
     if (value > 1)
         return 0;
     ipmi_rsp answer;
+    // Kept: the one channel, for the other port too.
     const ipmi_outcome got = exchange(set_lan_parameter(lan_channel, set_in_progress).u8(value), answer);
     if (got.ok())
         return 1;

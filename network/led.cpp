@@ -30,7 +30,8 @@ static ipmi_request set_fru_led_state(uint8_t led, const led_order &order)
         .u8(order.colour);
 }
 
-/// Descriptions begin at column 51, their continuations on the next terminal lines of 80 columns: all one line.
+/// Descriptions begin at column 51, their continuations on the next terminal lines of 80 columns: all one line. Kept: a
+/// last continuation stands 81 columns on.
 static int print_usage()
 {
     say("Usage: cfgtool -t led -d ledstate -v <ledname> <option>[value]...");

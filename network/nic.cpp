@@ -148,11 +148,11 @@ int eth0_vlan(uint8_t level, uint8_t argc, char **argv, const char *target)
 static constexpr char eth1_state_failure[] = "Set eth1 state failed, error code: 0x%X";
 
 /// What follows when the shared port was enabled. True = done.
-static bool choose_any_sideband_port()
+static bool reset_sideband_port()
 {
-    static constexpr uint8_t any_port = 0xFF, parameter_out_of_range = 0xC9;
+    static constexpr uint8_t no_port_named = 0xFF, parameter_out_of_range = 0xC9;
     ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_sideband_port(any_port), answer);
+    const ipmi_outcome got = exchange(set_sideband_port(no_port_named), answer);
     if (got.refused_with(parameter_out_of_range))
         say("Eth1 can not been enabled or disabled!");
     else if (!got.ok())
@@ -179,7 +179,7 @@ int eth1_state(uint8_t level, uint8_t argc, char **argv, const char *target)
         return refuse("Make sure one network port enabled at least!");
     if (!got.ok())
         return refuse(eth1_state_failure, got.error_code(shared_port_selector));
-    if (enable && !choose_any_sideband_port())  // the state stays as it was set
+    if (enable && !reset_sideband_port())  // the state stays as it was set
         return 0;
     bracket.close();
     say("Set eth1 state success.");

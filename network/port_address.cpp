@@ -28,21 +28,23 @@ struct ipv6_bytes {
 /// Kept: a text that is no IPv6 address gives the all-zero address; false only where the library knows no IPv6.
 static bool parse_ipv6(const char *text, ipv6_bytes &address)
 {
-    address = {};
     const int converted = inet_pton(AF_INET6, text, address.reversed);
+    if (converted != 1)
+        address = {};
     std::reverse(std::begin(address.reversed), std::end(address.reversed));
     return converted >= 0;
 }
 
-/// A write between the brackets failed. Kept: without an answer the bracket is closed before g_error_code is shown,
-/// after a refusal once it was.
+/// A write between the brackets failed. Kept: without an answer the bracket is closed before the failure is told, where
+/// closing may change g_error_code; after a refusal behind it.
+///   returns  false
 template <typename telling>
-static int write_failed(lan_bracket &bracket, const ipmi_outcome &got, telling tell)
+static bool write_failed(lan_bracket &bracket, const ipmi_outcome &got, telling tell)
 {
     if (got.how == ipmi_outcome::end::no_answer)
         bracket.close();
     tell();
-    return 0;
+    return false;
 }
 
 // Address source ----------------------------------------------------------------------------------------------------
@@ -56,8 +58,7 @@ static bool set_source(lan_bracket &bracket, ipmi_request request, uint8_t selec
     ipmi_rsp answer;
     const ipmi_outcome got = exchange(request.u8(is_dhcp(word) ? source_dhcp : source_static), answer);
     if (!got.ok())
-        return write_failed(bracket, got,
-                            [&] { say("Set IP mode failed,error code:0x%X", got.error_code(selector)); }) != 0;
+        return write_failed(bracket, got, [&] { say("Set IP mode failed,error code:0x%X", got.error_code(selector)); });
     say(is_dhcp(word) ? "Set DHCP mode successfully." : "Set STATIC mode successfully.");
     return true;
 }
@@ -125,7 +126,7 @@ int ipaddr(const lan_port &port, uint8_t level, uint8_t argc, char **argv, const
 
     lan_bracket bracket;
     if (!bracket.opened()) {
-        bracket.close();
+        bracket.close();  // Kept: though it was never open
         return with_mask ? refuse("Set IP address failed, error code: 0x%X", g_error_code)
                          : opening_mode_failed(argv[1]);
     }
@@ -191,7 +192,7 @@ int ipaddr6(const lan_port &port, uint8_t level, uint8_t argc, char **argv, cons
 
     lan_bracket bracket;
     if (!bracket.opened()) {
-        bracket.close();
+        bracket.close();  // Kept: though it was never open
         return third_word ? refuse("Set IPv6 address failed, error code: 0x%X", g_error_code)
                           : opening_mode_failed(argv[1]);
     }
@@ -214,7 +215,7 @@ int gateway(const lan_port &port, uint8_t level, uint8_t argc, char **argv, cons
 
     lan_bracket bracket;
     if (!bracket.opened())
-        return refuse(failure, g_error_code);
+        return refuse(failure, g_error_code);  // Kept: nothing is closed here
     ipmi_rsp answer;
     const ipmi_outcome got = exchange(set_lan_parameter(port.channel, default_gateway).u32be(address), answer);
     if (!got.ok())
@@ -238,7 +239,7 @@ int gateway6(const lan_port &port, uint8_t level, uint8_t argc, char **argv, con
 
     lan_bracket bracket;
     if (!bracket.opened())
-        return refuse(failure, g_error_code);
+        return refuse(failure, g_error_code);  // Kept: nothing is closed here
     ipmi_rsp answer;
     const ipmi_outcome got =
         exchange(set_oem_lan_parameter(port.channel, ipv6_gateway).bytes(address.reversed), answer);

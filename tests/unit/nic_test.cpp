@@ -15,7 +15,7 @@ protected:
         return conversation::run(eth1_dataitems, "state", words, result);
     }
     static constexpr char disable[] = "0C 01  02 C5 D9 7E 00  00", enable[] = "0C 01  02 C5 D9 7E 00  01",
-                          any_port[] = "30 93  D9 7E 00  05 0D 00 00 01  FF";
+                          no_port_named[] = "30 93  D9 7E 00  05 0D 00 00 01  FF";
 };
 
 TEST_F(eth1_port, disabled)
@@ -27,11 +27,11 @@ TEST_F(eth1_port, disabled)
     EXPECT_EQ(logged(), records{"2 Network Disable shared Eth success,EvtCode:0x212006D0"});
 }
 
-TEST_F(eth1_port, enabled_takes_any_port_of_the_card)
+TEST_F(eth1_port, enabled_names_no_port_of_the_card)
 {
     open();
     wire(enable, "00");
-    wire(any_port, "00");
+    wire(no_port_named, "00");
     close("C1");  // makes no difference
     EXPECT_EQ(run({"-v", "enabled"}, 1), "Set eth1 state success.\r\n");
     EXPECT_EQ(logged(), records{"2 Network Enable shared Eth success,EvtCode:0x212006D0"});
@@ -97,7 +97,7 @@ TEST_F(eth1_port, what_follows_has_a_refusal_of_its_own)
 {
     open();
     wire(enable, "00");
-    wire(any_port, "C9");
+    wire(no_port_named, "C9");
     close("silent");  // after the refusal is told
     EXPECT_EQ(run({"-v", "enabled"}, 0), "Eth1 can not been enabled or disabled!\r\nSelect OutTime \r\n");
     EXPECT_EQ(logged(), records{});
@@ -107,18 +107,18 @@ TEST_F(eth1_port, what_follows_fails)
 {
     open();
     wire(enable, "00");
-    wire(any_port, "unsent");
+    wire(no_port_named, "unsent");
     close("C1");  // after the failure is told
     EXPECT_EQ(run({"-v", "enabled"}, 0), "Set eth1 state failed, error code: 0x40000000\r\n");
     EXPECT_EQ(g_error_code, 0x0C0100C1U);
     open();
     wire(enable, "00");
-    wire(any_port, "silent");
+    wire(no_port_named, "silent");
     close();
     EXPECT_EQ(run({"-v", "enabled"}, 0), "Select OutTime \r\nSet eth1 state failed, error code: 0x40000001\r\n");
     open();
     wire(enable, "00");
-    wire(any_port, "80");  // means something of its own in the state only
+    wire(no_port_named, "80");  // means something of its own in the state only
     close();
     EXPECT_EQ(run({"-v", "enabled"}, 0), "Set eth1 state failed, error code: 0x30937E80\r\n");
     EXPECT_EQ(logged(), records{});

@@ -377,3 +377,9 @@ log 2 Network "Set Mgmt Eth IPv4 address(192.168.1.1) success,EvtCode:0x21200650
 | Set MASK address  failed, error code: 0xC0106C9
 > 0C 01  01 00 00           < silent
 |"Select OutTime \r\n"
+
+# ipaddr: opening is not sent, two words
+$ cfgtool -t eth0 -d ipaddr -v dhcp
+> 0C 01  01 00 01           < unsent
+> 0C 01  01 00 00           < 00
+| Set DHCP mode failed, error code: 0x40000000

@@ -282,3 +282,16 @@ log 2 Network "Set Mgmt Eth IPv6 address(fe80::1) success,EvtCode:0x21200690"
 > 0C 01  01 CD D9 7E 00  40 < unsent
 > 0C 01  01 00 00           < C1
 | Set IP address, error code: 0xC01CD00
+
+# ipaddr6: opening is not answered, three words
+$ cfgtool -t eth0 -d ipaddr6 -v fe80::1/64 extra
+> 0C 01  01 00 01           < silent
+|"Select OutTime \r\n"
+> 0C 01  01 00 00           < 00
+| Set IPv6 address failed, error code: 0x40000001
+
+# ipaddr6: opening is not sent, three words
+$ cfgtool -t eth0 -d ipaddr6 -v fe80::1/64 extra
+> 0C 01  01 00 01           < unsent
+> 0C 01  01 00 00           < 00
+| Set IPv6 address failed, error code: 0x40000000

@@ -474,3 +474,15 @@ $ cfgtool -t led -d ledstate -v ledall lamptest 50 1
 $ cfgtool -t led -d ledstate -v ledall lamptest 50 1
 > 2C 07  00 00  FF FB 32 01 < sequence
 | Set led state failed, error code: 0x40000002
+
+# ledstate: not sent
+$ cfgtool -t led -d ledstate -v oem254 off
+> 2C 05  00 00              < 00 00 00 FF
+> 2C 07  00 00  01 00 00 00 < unsent
+| Set led state failed, error code: 0x40000000
+
+# ledstate: oem252 has the number that means all LEDs
+$ cfgtool -t led -d ledstate -v oem252 off
+> 2C 05  00 00              < 00 00 00 FF
+> 2C 07  00 00  FF 00 00 00 < 00 00
+| Set led state successfully.

@@ -127,3 +127,8 @@ $ cfgtool -t eth0 -d mode -v 3
 > 0C 01  01 D7 D9 7E 00  03 < 80
 | Set eth0 mode failed, error code: 0xC01D780
 > 0C 01  01 00 00           < C1
+
+# mode: a port count that is not sent counts as no card
+$ cfgtool -t eth0 -d mode -v 2
+> 30 16  D9 7E 00           < unsent
+| The NIC is not installed in the host!

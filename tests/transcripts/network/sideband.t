@@ -133,3 +133,9 @@ $ cfgtool -t eth0 -d sideband -v port1
 > 30 16  D9 7E 00                       < 00 D9 7E 00 01
 > 30 93  D9 7E 00  05 0D 00 00 01  00   < unsent
 | Set sideband enable port failed, error code: 0x30930000
+
+# sideband: a bad length, or answers that are all another's, show a completion code of 0 as well
+$ cfgtool -t eth0 -d sideband -v port1
+> 30 16  D9 7E 00                       < 00 D9 7E 00 01
+> 30 93  D9 7E 00  05 0D 00 00 01  00   < sequence
+| Set sideband enable port failed, error code: 0x30930000

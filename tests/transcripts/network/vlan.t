@@ -118,3 +118,11 @@ $ cfgtool -t eth0 -d vlan -v 100
 > 0C 01  01 14  64 80    < 80
 | Set eth0 vlan failed, error code: 0x0
 > 0C 01  01 00 00        < C1
+
+# vlan: a number wraps around as 32-bit numbers do: -4294967295 is 1
+$ cfgtool -t eth0 -d vlan -v -4294967295
+> 0C 01  01 00 01        < 00
+> 0C 01  01 14  01 80    < 00
+> 0C 01  01 00 00        < 00
+| Set eth0 vlan success.
+log 2 Network "Enable Eth Vlan ID(1) success,EvtCode:0x21200CB0"
