@@ -131,7 +131,7 @@ static constexpr char bioswriteprotect_usage[] = "Usage: cfgtool -d bioswritepro
                                                  "    1    BIOS write protect enable\r\n"
                                                  "    0    BIOS write protect disable";
 
-/// Kept: always g_error_code, so that a refusal shows the code of whatever failed before it.
+/// Kept: always g_error_code, which a refusal does not set: it shows 0.
 static int protection_failed(bool enable)
 {
     if (enable)

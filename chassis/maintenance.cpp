@@ -94,10 +94,9 @@ static void run(const char *program, const char *word = nullptr)
 static constexpr char flash_module[] = "/ko/m25p80.ko";
 static constexpr int owner_controller = 1, owner_host = 0;
 
-/// Takes the flash from the host, writes it and gives it back; no signal ends the tool in between. False = failed.
+/// Takes the flash from the host, writes it and gives it back. False = failed.
 static bool write_flash(const char *file, unsigned length)
 {
-    const hold_signals until_given_back;
     if (set_bios_owner(owner_controller) != 0)
         return false;
     run("/sbin/insmod", flash_module);
@@ -136,6 +135,7 @@ int upgradebios(uint8_t level, uint8_t argc, char **argv, const char *target)
         return refuse("please check the upgrade file BIOS.bin ");
     if (!ask_confirm("This operation will upgrade BIOS. Continue? [Y/N]:"))
         return 0;
+    const hold_signals until_recorded;  // and above all while the flash is the controller's
     if (!upgrade_from(file))
         return refuse("Upgrade bios fail");
     log_change("BIOS", " Upgrade bios from %s success, EvtCode:0x217014A0", file);  // Kept: a blank in front

@@ -56,8 +56,9 @@ replaced replace_file(const char *path, std::span<const uint8_t> content)
     if (file < 0)
         return replaced::not_opened;
     const bool written = write_whole(file, content) && fchmod(file, readable_by_all) == 0;
-    if (close(file) == 0 && written && rename(beside, path) == 0)
+    const bool whole = close(file) == 0 && written;
+    if (whole && rename(beside, path) == 0)
         return replaced::yes;
     unlink(beside);
-    return replaced::not_written;
+    return whole ? replaced::not_opened : replaced::not_written;
 }

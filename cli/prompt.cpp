@@ -72,10 +72,12 @@ int read_key()
     return tcsetattr(STDIN_FILENO, TCSANOW, &before) == 0 ? key : -1;
 }
 
-/// The terminal of a job in the background belongs to others.
+/// The terminal of a job in the background belongs to others. One that is nobody's, a console without job control, is
+/// ours.
 static void set_mode_in_foreground(const termios *mode)
 {
-    if (tcgetpgrp(STDIN_FILENO) == getpgrp())
+    const pid_t owner = tcgetpgrp(STDIN_FILENO);
+    if (owner == -1 || owner == getpgrp())
         tcsetattr(STDIN_FILENO, TCSANOW, mode);
 }
 
@@ -130,6 +132,7 @@ public:
     {
         if (!is_terminal)
             return;
+        wanted_mode = &shown_mode;  // also when the tool is stopped before the signals have their own effect again
         tcsetattr(STDIN_FILENO, TCSANOW, &shown_mode);
         for (int number = 1; number <= SIGRTMAX; ++number)
             if (sigismember(&caught, number) == 1)

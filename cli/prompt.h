@@ -34,7 +34,7 @@ template <unsigned limit, char *(&ask)(const char *prompt)>
 class typed_word
 {
 public:
-    char text[limit + 1] = "";
+    char text[limit + 1]{};
 
     typed_word() = default;
     ~typed_word() { wipe(); }

@@ -21,11 +21,7 @@ public:
     static constexpr uint8_t header_length = 6;
     static constexpr unsigned max_data = sizeof(ipmi_msg) - header_length - 1;  // the checksum is the last byte
 
-    ipmi_request(uint8_t netfn, uint8_t command)
-    {
-        record.byte[1] = uint8_t(netfn << 2);
-        record.byte[5] = command;
-    }
+    ipmi_request(uint8_t netfn, uint8_t command);
     ipmi_request(const ipmi_request &) = default;
     ipmi_request &operator=(const ipmi_request &) = default;
     ~ipmi_request();  // wipes the record: it may hold a password
@@ -64,7 +60,7 @@ public:
     /// False once more than `max_data` bytes were put in: such a request is never sent.
     bool fits() const { return !too_long; }
 
-    ipmi_msg record{};
+    ipmi_msg record;
     uint8_t length = header_length;  // of the frame up to and including the last data byte
 
 private:

@@ -3,8 +3,6 @@
 #include "cli/console.h"
 #include "platform/platform.h"
 
-#include <cstring>
-
 uint32_t g_error_code;
 
 static constexpr unsigned ipmi_service_port = 2001;
@@ -21,7 +19,7 @@ static uint8_t next_sequence;  // counts all calls of both variants; the lower s
 struct frame_copy {
     uint8_t byte[sizeof(ipmi_msg)];
 
-    explicit frame_copy(const ipmi_msg &request) { memcpy(byte, request.byte, sizeof byte); }
+    explicit frame_copy(const ipmi_msg &request) { vos_memcpy(byte, sizeof byte, request.byte, sizeof byte); }
     ~frame_copy() { vos_memset(byte, sizeof byte, 0, sizeof byte); }
     frame_copy(const frame_copy &) = delete;
     frame_copy &operator=(const frame_copy &) = delete;

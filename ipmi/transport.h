@@ -3,6 +3,7 @@
 
 #include "ipmi/request.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <span>
 
@@ -76,9 +77,16 @@ public:
         const uint16_t low = u16le();
         return low | uint32_t(u16le()) << 16;
     }
+    /// As many bytes as there is room for.
+    void bytes(std::span<uint8_t> to)
+    {
+        const size_t there = std::min(to.size(), left.size());
+        std::fill(std::copy_n(left.begin(), there, to.begin()), to.end(), uint8_t(0));
+        left = left.subspan(there);
+    }
     ipmi_reader &skip(size_t count)
     {
-        left = left.subspan(count < left.size() ? count : left.size());
+        left = left.subspan(std::min(count, left.size()));
         return *this;
     }
 

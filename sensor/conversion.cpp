@@ -14,7 +14,7 @@ static int factor(uint8_t low, uint8_t high)
     return value < 512 ? value : value - 1024;
 }
 
-/// 10 raised to a 4-bit two's-complement exponent: the very values of pow(10, k), on every machine.
+/// 10 raised to a 4-bit two's-complement exponent: the values of pow(10, k), the same on every machine.
 static double power_of_ten(uint8_t exponent)
 {
     static constexpr double powers[16] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,

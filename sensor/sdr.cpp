@@ -105,19 +105,13 @@ static bool use_device_sdrs;
 static sdr_iterator *iterator;
 static uint32_t manufacturer_id;
 static unsigned sdr_read_size = 255;  // only shrinks: 126, 62, 30, 14, 6, 2, 0
-static uint8_t records_asked_for[(last_record + 1) / 8];
+static uint8_t headers_read[(last_record + 1) / 8];
 
 static const sdr_source &source() { return use_device_sdrs ? device_sdrs : repository; }
 
-/// True the first time a record is asked for: a store that leads back to an earlier record has come to its end.
-static bool ask_once(uint16_t record)
-{
-    uint8_t &asked = records_asked_for[record / 8];
-    const auto bit = uint8_t(1 << record % 8);
-    const bool first = (asked & bit) == 0;
-    asked |= bit;
-    return first;
-}
+/// A store that leads back to a record whose header was read has come to its end.
+static bool was_read(uint16_t record) { return (headers_read[record / 8] & 1 << record % 8) != 0; }
+static void note_as_read(uint16_t record) { headers_read[record / 8] |= uint8_t(1 << record % 8); }
 
 static bool reserve(sdr_iterator &store)
 {
@@ -264,12 +258,13 @@ static bool ask_for_header(sdr_iterator &store, ipmi_rsp &answer, ipmi_outcome &
 static const sdr_header *sdr_get_next_header(sdr_iterator &store)
 {
     static sdr_header header;
-    if (store.next_record == last_record || !ask_once(store.next_record))
+    if (store.next_record == last_record || was_read(store.next_record))
         return nullptr;
     ipmi_rsp answer;
     ipmi_outcome got{};
     if (!ask_for_header(store, answer, got))
         return nullptr;
+    note_as_read(store.next_record);
 
     ipmi_reader fields(got.data);
     header.next_record = fields.u16le();
@@ -335,9 +330,7 @@ static bool fill_body(uint8_t *body, const sdr_header &header, sdr_iterator &sto
             return false;
         }
         ipmi_reader piece(got.data);
-        piece.skip(2);  // the next record's id
-        for (unsigned n = 0; n < size; ++n)
-            body[position + n] = piece.u8();
+        piece.skip(2).bytes({body + position, size});  // behind the next record's id
         position += sdr_read_size;
     }
     return true;
@@ -408,11 +401,18 @@ struct wanted_record {
     }
 };
 
+static const sdr_record *find_kept(const wanted_record &wanted)
+{
+    const sdr_record *record = first_kept;
+    while (record != nullptr && !wanted.fits(*record))
+        record = record->next;
+    return record;
+}
+
 static const sdr_record *find(sdr_iterator &store, const wanted_record &wanted)
 {
-    for (const sdr_record *record = first_kept; record != nullptr; record = record->next)
-        if (wanted.fits(*record))
-            return record;
+    if (const sdr_record *kept = find_kept(wanted))
+        return kept;
     unsigned bodies_read = 0;
     while (const sdr_record *record = read_next(store, bodies_read))
         if (wanted.fits(*record))
@@ -439,9 +439,13 @@ const sdr_record *sdr_find_by_name(const char *name)
 
 const sdr_record *sdr_find_by_number(uint8_t number, uint8_t type)
 {
-    static bool tried;  // a store that does not open is not asked again for the next of many sensors
-    if (iterator == nullptr && !tried)
+    static bool at_the_end;  // or the store does not answer: it is not asked again for each of many sensors
+    const wanted_record wanted{nullptr, number, type};
+    if (at_the_end)
+        return find_kept(wanted);
+    if (iterator == nullptr)
         iterator = sdr_open();
-    tried = true;
-    return iterator != nullptr ? find(*iterator, {nullptr, number, type}) : nullptr;
+    const sdr_record *found = iterator != nullptr ? find(*iterator, wanted) : nullptr;
+    at_the_end = found == nullptr;
+    return found;
 }

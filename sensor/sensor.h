@@ -31,6 +31,7 @@ int set_threshold(const threshold &which, uint8_t level, uint8_t argc, char **ar
 template <const threshold &which>
 int threshold_command(uint8_t level, uint8_t argc, char **argv, const char *target)
 {
+    static_assert(which.slot < 6, "the thresholds have six mask bits");
     return set_threshold(which, level, argc, argv, target);
 }
 

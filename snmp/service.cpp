@@ -12,15 +12,6 @@ static constexpr char module[] = "Zentro";
 
 // Services ----------------------------------------------------------------------------------------------------------
 
-static constexpr uint8_t http = 1, https = 2;  // port kinds
-
-struct service {
-    const char *name;  // empty ends the table
-    uint8_t id;
-    uint8_t selectable;
-    uint8_t port_kind;
-};
-
 /// Kept whole: what is not selectable here is another tool's.
 template <uint8_t webssl_port_kind>
 static constexpr service services[] = {
@@ -29,10 +20,9 @@ static constexpr service services[] = {
     {"wsman", 7, 0, http}, {"snmp", 8, 0, http},   {"webssl", 9, 1, webssl_port_kind},
     {"lan", 10, 0, http},  {"video", 11, 0, http}, {"", 0, 0, 0},
 };
-static constexpr const service *state_table = services<http>, *port_table = services<https>;
+const service *const state_table = services<http>, *const port_table = services<https>;
 
-/// The last selectable row of that name, null when there is none.
-static const service *find_service(const service *table, const char *name)
+const service *find_service(const service *table, const char *name)
 {
     const service *found = nullptr;
     for (const service *row = table; row->name[0] != '\0'; ++row)
@@ -47,8 +37,7 @@ static uint8_t service_id(const service *table, const char *name)
     return found != nullptr ? found->id : uint8_t(0);
 }
 
-/// By both tables in turn; the last match counts.
-static uint8_t port_kind_of(const char *name)
+uint8_t port_kind_of(const char *name)
 {
     const service *found = find_service(port_table, name);
     if (found == nullptr)
@@ -123,8 +112,7 @@ static void print_port_usage()
             say("       cfgtool -t service -d port -v <%s> <portvalue(1~65535)>", row->name);
 }
 
-/// The port is recorded as a signed number, -1 for what is none.
-static int port_failed(uint8_t port_kind, uint32_t port)
+int port_failed(uint8_t port_kind, uint32_t port)
 {
     if (port_kind == http)
         log_change(module, "Set Web Server HTTP service port(%d) fail, EvtCode:0x202001B1", int32_t(port));
@@ -135,7 +123,7 @@ static int port_failed(uint8_t port_kind, uint32_t port)
     return 0;
 }
 
-static void log_port_set(uint8_t port_kind, uint32_t port)
+void log_port_set(uint8_t port_kind, uint32_t port)
 {
     if (port_kind == http)
         log_change(module, "Set Web Server HTTP service port(%d) success, EvtCode:0x202001B0", int32_t(port));

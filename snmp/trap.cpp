@@ -67,6 +67,16 @@ static bool read_new_community(typed_community &community)
     return true;
 }
 
+/// Wipes what was typed once it is in the request, and the request once it is sent.
+static ipmi_outcome set_community(typed_community &community, ipmi_rsp &answer)
+{
+    ipmi_request request = set_lan_parameter(lan_channel, community_selector);
+    community.text[strcspn(community.text, " ")] = '\0';  // Kept: a blank ends it, should one get here
+    request.padded(community.text, max_community);
+    community.wipe();
+    return exchange(request, answer);
+}
+
 int trap_community(uint8_t level, uint8_t argc, char **argv, const char *target)
 {
     static constexpr uint8_t against_community_rules = 0x84;
@@ -82,11 +92,8 @@ int trap_community(uint8_t level, uint8_t argc, char **argv, const char *target)
     lan_bracket bracket;
     if (!bracket.opened())
         return refuse("Set SNMP trap community name, error code: 0x%X", g_error_code);
-    ipmi_request request = set_lan_parameter(lan_channel, community_selector);
-    request.padded(community.text, max_community);
-    community.wipe();
     ipmi_rsp answer;
-    const ipmi_outcome got = exchange(request, answer);
+    const ipmi_outcome got = set_community(community, answer);
     if (!got.ok()) {
         say(failure, got.error_code(community_selector));
         if (got.refused_with(against_community_rules)) {

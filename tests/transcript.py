@@ -12,6 +12,7 @@ import argparse
 import dataclasses
 import os
 import re
+import resource
 import select
 import shlex
 import shutil
@@ -205,10 +206,11 @@ def signal_number(name):
 
 
 def parse_signal(transcript, name):
-    """signal NAME: sent while the exchange above waits for its answer."""
-    if not transcript.script or not transcript.script[-1].startswith("recv "):
-        raise BadTranscript("a signal stands right behind an exchange that waits for an answer")
-    transcript.script.append(f"signal {signal_number(name)}")
+    """signal NAME: sent during the platform call above, the last receive of an exchange."""
+    verb, *call = transcript.events[-1] if transcript.events else ("nothing",)
+    if verb not in ("recv", "call"):
+        raise BadTranscript("a signal stands right behind an exchange that waits for an answer, or a call")
+    transcript.script.append(f"signal {call[0].split()[0] if call else verb} {signal_number(name)}")
 
 
 def parse_secret(transcript, text):
@@ -395,7 +397,10 @@ class Reader:
         elif verb == "removed":
             transcript.changed[rest] = None
         elif verb == "result":
-            transcript.script.append(f"result {rest}")
+            call, *values = rest.split()
+            transcript.script += [f"result {call} {value}" for value in values]
+        elif verb == "real":
+            transcript.script.append(f"real {int(rest)}")
         elif verb == "calls" and rest == "shown":
             transcript.calls_shown = True
         elif verb == "call":
@@ -584,9 +589,16 @@ def open_screen(kind):
     return tempfile.TemporaryFile()
 
 
+def prepare_process(transcript):
+    resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+    for number in transcript.closed:
+        os.close(number)
+
+
 def play(transcript, argv, tool, platform):
     root = tempfile.mkdtemp(prefix="transcript-")
-    os.makedirs(root + "/data")
+    for folder in ("/data", "/tmp"):
+        os.makedirs(root + folder)
     if transcript.board is not None:
         put_file(root, "file", "/data/cli.conf", transcript.board)
     for kind, path, content in transcript.files:
@@ -614,7 +626,7 @@ def play(transcript, argv, tool, platform):
             stdout=terminal.child if terminal else out,
             stderr=err,
             start_new_session=True,
-            preexec_fn=lambda: [os.close(number) for number in transcript.closed],
+            preexec_fn=lambda: prepare_process(transcript),
         )
         if terminal:
             os.close(terminal.child)
@@ -709,6 +721,10 @@ def difference(expected, actual):
     return [line for line in difflib.ndiff(expected, actual) if not line.startswith("?")]
 
 
+def beginning(content):
+    return repr(content if not isinstance(content, bytes) or len(content) <= 400 else content[:400] + b"...")
+
+
 def faults_of(transcript, run):
     forgotten, expected = split_secrets(event for event in transcript.events if event[0] != "keys")
     held, actual = split_secrets(run.events)
@@ -733,11 +749,11 @@ def faults_of(transcript, run):
         faults.append("the terminal was left in another mode")
     for path in sorted(run.changed.keys() | transcript.changed.keys()):
         if path not in transcript.changed:
-            faults.append(f"file {path} was changed: {run.changed[path]!r}")
+            faults.append(f"file {path} was changed: {beginning(run.changed[path])}")
         elif path not in run.changed:
             faults.append(f"file {path} was not changed")
         elif run.changed[path] != transcript.changed[path]:
-            faults.append(f"file {path} holds {run.changed[path]!r}")
+            faults.append(f"file {path} holds {beginning(run.changed[path])}")
     return faults
 
 

@@ -38,7 +38,8 @@ static bool accept_repetition(const typed_password &password)
     return ask_confirm(continue_prompt);
 }
 
-/// Asks for a new password twice. False = told why there is none, if the caller did not abandon it.
+/// Asks for a new password twice. False = told why there is none, if the caller did not abandon it; what was typed is
+/// wiped.
 static bool read_new_password(typed_password &password, const char *prompt, const char *prompt_failure)
 {
     if (!password.read(prompt)) {
@@ -46,11 +47,12 @@ static bool read_new_password(typed_password &password, const char *prompt, cons
         return false;
     }
     typed_password confirmation;
-    if (!confirmation.read("Confirm password:") || strcmp(password.text, confirmation.text) != 0) {
+    if (!confirmation.read("Confirm password:") || strcmp(password.text, confirmation.text) != 0)
         say("Confirm password error.");
-        return false;
-    }
-    return accept_repetition(password);
+    else if (accept_repetition(password))
+        return true;
+    password.wipe();
+    return false;
 }
 
 using exchange_routine = ipmi_outcome(const ipmi_request &, ipmi_rsp &);
@@ -161,7 +163,6 @@ static bool give_password(uint8_t user)
 {
     typed_password new_password;
     if (!read_new_password(new_password, "Password:", "Input password error.")) {
-        new_password.wipe();
         roll_back(user);
         return false;
     }
@@ -198,8 +199,7 @@ int adduser(uint8_t level, uint8_t argc, char **argv, const char *target)
     if (!values_given(argc, argv, 1) || vos_check_username(argv[1]) != 0) {
         say("cfgtool -d adduser -v <username>\r\n"
             "    contain digits, letters, and characters except colons (:,\\), but cannot start with a number sign (#) "
-            "or "
-            "space.");
+            "or space.");
         return add_failed();
     }
     const char *name = argv[1];
@@ -248,7 +248,7 @@ int password(uint8_t level, uint8_t argc, char **argv, const char *target)
         return modify_failed();
     }
     const char *name = argv[1];
-    if (verify_caller_password() != 0 || caller_user() < 0)
+    if (verify_caller_password() != 0)
         return modify_failed();
     if (!refresh_user_table()) {
         say(failure, g_error_code);

@@ -24,9 +24,8 @@ uint8_t find_user(const char *name);
 int caller_user();
 
 /// Asks for the password of the caller's own account and has the controller check it. Refreshes user_table.
-///   returns  0 = it is right; -1 = it is not, or cannot be checked; the reason is printed, except that a failed
-///   refresh
-///            and a caller without a user say nothing
+///   returns  0 = it is right; -1 = it is not, or cannot be checked; the reason is printed, except that nothing is said
+///            of a failed refresh and of a caller without a user
 int verify_caller_password();
 
 /// Set User Name. An empty name clears the slot.

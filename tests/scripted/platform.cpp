@@ -2,13 +2,15 @@
 /// front of the real binary with LD_PRELOAD, together with the few libc calls that tell the tool where it runs.
 ///
 /// SCRIPTED_PLATFORM holds "SCRIPT,TRACE", two open descriptors. A script is made of lines
-///   uid N              what geteuid() answers
+///   uid N              what geteuid() answers, and getuid()
+///   real N             what getuid() alone answers
 ///   root DIR           where /data, /ipmc, /web, /ko and /tmp are found
 ///   send RESULT        the next send's result
 ///   recv none          the next receive finds nothing
 ///   recv LENGTH HEX    the next receive finds this payload, under this length field
-///   signal NUMBER      the tool is sent this signal while the receive above waits
 ///   result CALL VALUE  the next result of any other call; 0 when nothing is said
+///   signal recv NUMBER the tool is sent this signal while the receive above waits
+///   signal CALL NUMBER the same during the next call of this name
 ///   screen file        what is said shows when it is flushed, and not at the end of each line
 ///   secret HEX         a text that the tool is to forget: every platform call looks for it in the tool's memory
 ///   modes shown        the modes that the terminal is put in stand in the trace
@@ -21,11 +23,13 @@
 #include "platform/platform.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <csignal>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <string>
@@ -46,7 +50,7 @@ struct answer {
     std::vector<unsigned char> payload;
     int signal = 0;
 };
-struct call_result {
+struct call_value {
     std::string call;
     long value;
 };
@@ -58,11 +62,11 @@ struct secret {
 };
 
 struct script {
-    uid_t uid = 0;
+    uid_t uid = 0, real_uid = 0;
     std::string root;
     std::vector<int> sends;
     std::vector<answer> answers;
-    std::vector<call_result> results;
+    std::vector<call_value> results, signals;
     std::vector<secret> secrets;
     bool screen_is_file = false, modes_shown = false;
     size_t next_send = 0, next_answer = 0;
@@ -118,7 +122,9 @@ void take(script &to, const std::string &line)
     const std::string verb = line.substr(0, blank);
     const std::string rest = blank == std::string::npos ? "" : line.substr(blank + 1);
     if (verb == "uid") {
-        to.uid = static_cast<uid_t>(strtoul(rest.c_str(), nullptr, 10));
+        to.uid = to.real_uid = static_cast<uid_t>(strtoul(rest.c_str(), nullptr, 10));
+    } else if (verb == "real") {
+        to.real_uid = static_cast<uid_t>(strtoul(rest.c_str(), nullptr, 10));
     } else if (verb == "root") {
         to.root = rest;
     } else if (verb == "send") {
@@ -129,8 +135,11 @@ void take(script &to, const std::string &line)
         char *end = nullptr;
         const auto length = static_cast<unsigned>(strtoul(rest.c_str(), &end, 10));
         to.answers.push_back({false, length, unhex(end), 0});
-    } else if (verb == "signal" && !to.answers.empty()) {
-        to.answers.back().signal = atoi(rest.c_str());
+    } else if (verb == "signal" && rest.substr(0, rest.find(' ')) == "recv" && !to.answers.empty()) {
+        to.answers.back().signal = atoi(rest.c_str() + strlen("recv"));
+    } else if (verb == "signal") {
+        const size_t at = rest.find(' ');
+        to.signals.push_back({rest.substr(0, at), atol(rest.c_str() + at)});
     } else if (verb == "screen" && rest == "file") {
         to.screen_is_file = true;
     } else if (verb == "secret") {
@@ -176,7 +185,8 @@ constexpr size_t largest_mapping = 64 << 20;  // a sanitizer's own books are lar
                                            const char *name)
 {
     const size_t size = wanted.inverted.size(), length = std::min(trace_length, size);
-    bool may_start[256] = {};
+    static bool may_start[256];
+    std::fill(std::begin(may_start), std::end(may_start), false);
     for (size_t n = 0; n + length <= size; ++n)
         may_start[wanted.inverted[n] ^ 0xFF] = true;
     for (const unsigned char *place = start; place + length <= end; ++place) {
@@ -220,17 +230,19 @@ void look_for_secrets()
 
 // Calls -------------------------------------------------------------------------------------------------------------
 
-long result_of(const char *call, long otherwise = 0)
+long next_of(std::vector<call_value> &rows, const char *call, long otherwise)
 {
-    for (auto row = played->results.begin(); row != played->results.end(); ++row) {
+    for (auto row = rows.begin(); row != rows.end(); ++row) {
         if (row->call == call) {
             const long value = row->value;
-            played->results.erase(row);
+            rows.erase(row);
             return value;
         }
     }
     return otherwise;
 }
+
+long result_of(const char *call, long otherwise = 0) { return next_of(played->results, call, otherwise); }
 
 void slept(unsigned long long microseconds)
 {
@@ -242,6 +254,8 @@ long called(const char *name, const std::string &arguments = "", long otherwise 
 {
     look_for_secrets();
     trace(std::string("call ") + name + (arguments.empty() ? "" : " " + arguments));
+    if (const long signal_number = next_of(played->signals, name, 0); signal_number != 0)
+        raise(static_cast<int>(signal_number));
     return result_of(name, otherwise);
 }
 
@@ -279,6 +293,7 @@ ssize_t show(void *, const char *text, size_t size)
     fcntl(trace_fd, F_SETFD, FD_CLOEXEC);
     unsetenv("SCRIPTED_PLATFORM");
     unsetenv("LD_PRELOAD");
+    prctl(PR_SET_PDEATHSIG, SIGKILL);  // a tool that would run on for ever ends with its runner
     played = load(script_fd);
     cookie_io_functions_t screen{};
     screen.write = show;
@@ -291,6 +306,7 @@ ssize_t show(void *, const char *text, size_t size)
 // libc: who runs the tool, and where the controller's folders are ---------------------------------------------------
 
 ABI uid_t geteuid() noexcept { return played != nullptr ? played->uid : 0; }
+ABI uid_t getuid() noexcept { return played != nullptr ? played->real_uid : 0; }
 
 template <typename routine>
 static routine real(const char *name)
@@ -298,10 +314,20 @@ static routine real(const char *name)
     return reinterpret_cast<routine>(dlsym(RTLD_NEXT, name));
 }
 
+/// The file opened last of those that may have to be made, and the mode they would be made in.
+static struct {
+    int file = -1;
+    std::string path;
+    mode_t mode = 0;
+} made;
+
 static int open_found(const char *name, const char *path, int flags, va_list values)
 {
     const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(values, mode_t) : 0;
-    return real<int (*)(const char *, int, ...)>(name)(found_at(path).c_str(), flags, mode);
+    const int file = real<int (*)(const char *, int, ...)>(name)(found_at(path).c_str(), flags, mode);
+    if ((flags & O_CREAT) != 0)
+        made = {file, path, mode};
+    return file;
 }
 
 ABI int open(const char *path, int flags, ...)
@@ -320,6 +346,74 @@ ABI int open64(const char *path, int flags, ...)
     const int file = open_found("open64", path, flags, values);
     va_end(values);
     return file;
+}
+
+ABI int mkostemp(char *path, int flags)
+{
+    std::string place = found_at(path);
+    const int file = real<int (*)(char *, int)>("mkostemp")(place.data(), flags);
+    memcpy(path, place.c_str() + place.size() - strlen(path), strlen(path));
+    return file;
+}
+
+ABI int rename(const char *from, const char *to) noexcept
+{
+    return real<int (*)(const char *, const char *)>("rename")(found_at(from).c_str(), found_at(to).c_str());
+}
+
+ABI int unlink(const char *path) noexcept { return real<int (*)(const char *)>("unlink")(found_at(path).c_str()); }
+
+ABI int lstat(const char *path, struct stat *about) noexcept
+{
+    return real<int (*)(const char *, struct stat *)>("lstat")(found_at(path).c_str(), about);
+}
+
+ABI int mkdir(const char *path, mode_t mode) noexcept
+{
+    return real<int (*)(const char *, mode_t)>("mkdir")(found_at(path).c_str(), mode);
+}
+
+ABI DIR *opendir(const char *path) { return real<DIR *(*)(const char *)>("opendir")(found_at(path).c_str()); }
+
+// libc: the add-user lock -------------------------------------------------------------------------------------------
+
+static int locked_file = -1;
+
+/// The result: a negative one is the error that the lock is refused with; 1 grants it once its holder has removed the
+/// file.
+static int lock(int file, const struct flock *range)
+{
+    const bool is_whole = file == made.file && range->l_whence == SEEK_SET && (fcntl(file, F_GETFL) & O_RDWR) != 0;
+    const char *kind = !is_whole ? "otherwise" : range->l_type == F_WRLCK ? "write" : "read";
+    char mode[16];
+    snprintf(mode, sizeof mode, " %o ", made.mode);
+    const long result = called("lock", quoted(made.path.c_str()) + mode + kind + " " + std::to_string(range->l_start) +
+                                           " " + std::to_string(range->l_len));
+    locked_file = file;
+    if (result > 0)
+        unlink(made.path.c_str());
+    errno = result < 0 ? static_cast<int>(-result) : errno;
+    return result < 0 ? -1 : 0;
+}
+
+ABI int fcntl(int file, int command, ...)
+{
+    va_list values;
+    va_start(values, command);
+    void *const value = va_arg(values, void *);
+    va_end(values);
+    if (played != nullptr && command == F_SETLKW)
+        return lock(file, static_cast<struct flock *>(value));
+    return real<int (*)(int, int, ...)>("fcntl")(file, command, value);
+}
+
+ABI int close(int file)
+{
+    if (file >= 0 && file == locked_file) {
+        called("unlock");
+        locked_file = -1;
+    }
+    return real<int (*)(int)>("close")(file);
 }
 
 // libc: the terminal ------------------------------------------------------------------------------------------------

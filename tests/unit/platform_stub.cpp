@@ -76,6 +76,14 @@ int vos_memset(void *to, size_t to_size, int value, size_t count)
     return 0;
 }
 
+int vos_memcpy(void *to, size_t to_size, const void *from, size_t count)
+{
+    if (count > to_size)
+        return -1;
+    memcpy(to, from, count);
+    return 0;
+}
+
 int vos_strncpy(char *to, size_t to_size, const char *from, size_t count)
 {
     const size_t length = std::min(strnlen(from, count), to_size - 1);

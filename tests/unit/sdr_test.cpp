@@ -211,3 +211,32 @@ TEST_F(sdr_reader, tells_what_a_command_is_about)
         EXPECT_NE(shown.find("Setting sensor \"Temp\" Lower Critical threshold to 5.000\r\n"), std::string::npos);
     });
 }
+
+TEST_F(sdr_reader, goes_on_where_the_last_search_stopped)
+{
+    alone([this] {
+        open();
+        for (int attempt = 0; attempt < 5; ++attempt)
+            wire("0A 23  34 12 00 00 00 05", "C0");
+        EXPECT_EQ(sdr_find_by_name("Temp"), nullptr);
+        EXPECT_EQ(g_error_code, 0x0A2300C0U);
+        record("00 00", "FF FF", temp);  // the same record is asked for again
+        EXPECT_NE(sdr_find_by_name("Temp"), nullptr);
+    });
+}
+
+TEST_F(sdr_reader, is_not_asked_for_sensor_after_sensor_once_one_was_not_found)
+{
+    alone([this] {
+        open();
+        record("00 00", "01 00", temp);
+        wire("0A 23  34 12 01 00 00 05", "silent");
+        EXPECT_EQ(printed([] {
+                      EXPECT_NE(sdr_find_by_number(0x11, 0x14), nullptr);
+                      EXPECT_EQ(sdr_find_by_number(0x12, 0x14), nullptr);
+                      EXPECT_EQ(sdr_find_by_number(0x13, 0x14), nullptr);
+                      EXPECT_NE(sdr_find_by_number(0x11, 0x14), nullptr);
+                  }),
+                  "Select OutTime \r\n");
+    });
+}

@@ -195,3 +195,32 @@ uid 502
 $ cfgtool -d download -v 0
 > 06 44  01 02 < 00 11 04 01 12
 | Insufficient privilege level
+
+# Black box: somebody else is downloading
+$ cfgtool -d download -v 1
+> 30 93  D9 7E 00 10 0C 01 00 00 01 < 00 D9 7E 00 00 01
+> 30 93  D9 7E 00 1F 01 02 < 00 D9 7E 00 00 01 00 00 00
+> 30 93  D9 7E 00 1F 01 00 < C0
+| Other user downloading, please wait.
+log 2 "Black box" "Download black box data fail,EvtCode:0x21400971"
+
+# Black box: the controller says that it failed; any status but 0 and 1 is a failure
+$ cfgtool -d download -v 1
+> 30 93  D9 7E 00 10 0C 01 00 00 01 < 00 D9 7E 00 00 01
+> 30 93  D9 7E 00 1F 01 02 < 00 D9 7E 00 00 01 00 00 00
+> 30 93  D9 7E 00 1F 01 00 < 00 D9 7E 00
+| Downloading...
+sleep 500000
+> 30 93  D9 7E 00 1F 01 01 < 00 D9 7E 00 01 09
+|"\r 9%"
+sleep 500000
+> 30 93  D9 7E 00 1F 01 01 < 00 D9 7E 00 03 09
+| Download data failed.
+log 2 "Black box" "Download black box data fail,EvtCode:0x21400971"
+
+# Screen pictures: no answer
+$ cfgtool -d download -v 3
+> 30 93  D9 7E 00 1F 03 00 < silent
+|"Select OutTime \r\n"
+| Command send failed, error code: 0x40000001
+log 2 KVM "Download Screen data fail,EvtCode:0x20F014D1"

@@ -286,3 +286,41 @@ uid 502
 $ cfgtool -d upgrade
 > 06 44  01 02 < 00 11 04 01 12
 | Insufficient privilege level
+
+# Ctrl-C does not stop an upgrade on its way
+$ cfgtool -d upgrade
+do initiate
+> 30 91  D9 7E 00 06 00 < 00 D9 7E 00 32 02 01 00
+signal INT
+| Updating...
+|"\r50%"
+sleep 500000
+> 30 91  D9 7E 00 06 00 < 00 D9 7E 00 33 02 01 00
+signal INT
+|"\r51%"
+sleep 500000
+do finished
+do finish Zentro
+
+# The first state is another: the beginning is told when the update does begin; bit 7 goes before the percent
+$ cfgtool -d upgrade -v 0
+do initiate
+> 30 91  D9 7E 00 06 00 < 00 D9 7E 00 00 01 02 00
+sleep 500000
+> 30 91  D9 7E 00 06 00 < 00 D9 7E 00 0A 02 05 00
+| Updating...
+|"\r10%"
+sleep 500000
+> 30 91  D9 7E 00 06 00 < 00 D9 7E 00 A0 02 02 00
+|"\r100%"
+sleep 500000
+do finished
+
+# No answer to the end, told and recorded
+$ cfgtool -d upgrade
+do initiate
+do finished
+> 30 91  D9 7E 00 06 55 < silent
+|"Select OutTime \r\n"
+log 2 Firmware "Finish upgrade firmware(Zentro) fail,EvtCode:0x20B00B61"
+| finish upgrade failed!

@@ -161,3 +161,27 @@ do find CPU Temp
 > 04 24  11 FF 02 00 < 00
 | Set sensor negative hysteresis successfully.
 log 2 Sensor "Set sensor(CPU Temp) negative hysteresis(0) success,EvtCode:0x20600250"
+
+# An answer that holds no counts reads as zeros
+$ cfgtool -t sensor -d positivehysteresis -v "CPU Temp" 1
+do find CPU Temp
+> 04 25  11 FF < 00 cut 7
+> 04 24  11 FF 01 00 < 00
+| Set sensor positive hysteresis successfully.
+log 2 Sensor "Set sensor(CPU Temp) positive hysteresis(1) success,EvtCode:0x20600260"
+
+# An empty count is 0
+$ cfgtool -t sensor -d positivehysteresis -v "CPU Temp" ""
+do find CPU Temp
+> 04 25  11 FF < 00 02 03
+> 04 24  11 FF 00 03 < 00
+| Set sensor positive hysteresis successfully.
+log 2 Sensor "Set sensor(CPU Temp) positive hysteresis(0) success,EvtCode:0x20600260"
+
+# Setting is not answered
+$ cfgtool -t sensor -d negativehysteresis -v "CPU Temp" 16
+do find CPU Temp
+> 04 25  11 FF < 00 02 03
+> 04 24  11 FF 02 10 < silent
+|"Select OutTime \r\n"
+| Set sensor negative hysteresis failed, error code: 0x40000001

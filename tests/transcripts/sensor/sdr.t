@@ -334,7 +334,7 @@ do open the repository
 | Sensor test successfully.
 log 2 Sensor "Set sensor(PSU) test value(stop) success,EvtCode:0x206002E0"
 
-# A controller that returns no bytes at all is asked for 6 and 2 more, and the search ends: nothing is left to ask for
+# A controller that returns no bytes at all is asked for 6 and 2 more; then no body can be read, neither this nor the next
 $ cfgtool -t sensor -d test -v PSU stop
 do open the repository
 > 0A 23  34 12 00 00 00 05 < 00 05 00 00 00 51 03 12
@@ -437,7 +437,7 @@ $ cfgtool -t sensor -d uppercritical -v "CPU Temp" 85
 | Set sensor upper critical successfully.
 log 2 Sensor "Set sensor(CPU Temp) upper critical threshold(85.000) success,EvtCode:0x206002B0"
 
-# Device SDRs: a cancelled body read, a header without a body, each by its own request
+# Device SDRs: a cancelled header read, a header without a body, each by its own request
 $ cfgtool -t sensor -d uppercritical -v "CPU Temp" 85
 > 06 01 < 00 20 81 01 00 02 01 57 01 00 00 00
 > 04 20  01 < 00 01 01
@@ -478,3 +478,85 @@ $ cfgtool -t sensor -d uppercritical -v "CPU Temp" 85
 > 06 01 < 00 20 81 01 00 02 3C 57 01 00 00 00
 | Unable to open SDR for reading
 | Set sensor upper critical failed, error code: 0x0
+
+# A generic device locator is matched by name, and takes a test value of two bytes
+$ cfgtool -t sensor -d test -v Board 258
+do open the repository
+> 0A 23  34 12 00 00 00 05 < 00 FF FF 00 00 51 10 10
+> 0A 23  34 12 00 00 05 10 < 00 FF FF BOARD
+> 30 91  D9 7E 00 0C 00 01 02 01 < 00
+| Sensor test successfully.
+log 2 Sensor "Set sensor(Board) test value(258) success,EvtCode:0x206002E0"
+
+# Of two records with one name the first is meant
+$ cfgtool -t sensor -d test -v Button stop
+do open the repository
+> 0A 23  34 12 00 00 00 05 < 00 01 00 00 00 51 03 12
+> 0A 23  34 12 00 00 05 12 < 00 01 00 BUTTON
+> 30 91  D9 7E 00 0C 31 00 00 < 00
+| Sensor test successfully.
+log 2 Sensor "Set sensor(Button) test value(stop) success,EvtCode:0x206002E0"
+
+# A name longer than the ID string is compared with what stands behind it in the record: zeros end it
+$ cfgtool -t sensor -d test -v "Button" stop
+do open the repository
+> 0A 23  34 12 00 00 00 05 < 00 FF FF 00 00 51 03 12
+> 0A 23  34 12 00 00 05 12 < 00 FF FF 20 00 31 07 01 14 6F 01 00 00 00 C3 42 75 74 74 6F 6E
+> 30 91  D9 7E 00 0C 31 00 00 < 00
+| Sensor test successfully.
+log 2 Sensor "Set sensor(Button) test value(stop) success,EvtCode:0x206002E0"
+
+# A record that is not kept was read all the same: not found
+$ cfgtool -t sensor -d test -v Button stop
+do open the repository
+> 0A 23  34 12 00 00 00 05 < 00 FF FF 00 00 51 C0 05
+> 0A 23  34 12 00 00 05 05 < 00 FF FF OEM_RECORD
+| Sensor test failed, error code: 0x40000003
+
+steps open the device's own
+> 06 01 < 00 20 81 01 00 02 01 57 01 00 00 00
+> 04 20  01 < 00 01 01
+> 04 22 < 00 34 12
+
+# Device SDRs: the reservation is refused
+$ cfgtool -t sensor -d test -v Button stop
+> 06 01 < 00 20 81 01 00 02 01 57 01 00 00 00
+> 04 20  01 < 00 01 01
+> 04 22 < C1
+| Unable to open SDR for reading
+| Sensor test failed, error code: 0x42200C1
+
+# Device SDRs: a header refused five times
+$ cfgtool -t sensor -d test -v Button stop
+do open the device's own
+> 04 21  34 12 00 00 00 05 < C1
+> 04 21  34 12 00 00 00 05 < C1
+> 04 21  34 12 00 00 00 05 < C1
+> 04 21  34 12 00 00 00 05 < C1
+> 04 21  34 12 00 00 00 05 < CB
+| Sensor test failed, error code: 0x42100CB
+
+# Device SDRs: a body is refused
+$ cfgtool -t sensor -d test -v Button stop
+do open the device's own
+> 04 21  34 12 00 00 00 05 < 00 FF FF 00 00 51 03 12
+> 04 21  34 12 00 00 05 12 < D5
+| Sensor test failed, error code: 0x42100D5
+
+# Device SDRs: a body is cancelled, then too long
+$ cfgtool -t sensor -d test -v Button stop
+do open the device's own
+> 04 21  34 12 00 00 00 05 < 00 FF FF 00 00 51 03 12
+> 04 21  34 12 00 00 05 12 < C5
+call vos_rand
+sleep 0
+> 04 22 < 00 77 12
+> 04 21  77 12 00 00 05 12 < CA
+> 04 21  77 12 00 00 05 12 < CA
+> 04 21  77 12 00 00 05 12 < CA
+> 04 21  77 12 00 00 05 12 < CA
+> 04 21  77 12 00 00 05 0E < 00 FF FF BUTTON[0:14]
+> 04 21  77 12 00 00 13 04 < 00 FF FF BUTTON[14:]
+> 30 91  D9 7E 00 0C 31 00 00 < 00
+| Sensor test successfully.
+log 2 Sensor "Set sensor(Button) test value(stop) success,EvtCode:0x206002E0"

@@ -103,7 +103,7 @@ $ cfgtool -t sensor -d test -v PSU 1e40
 do find PSU
 | Sensor test failed, error code: 0x4000000A
 
-# A negative count or none at all has no unsigned integer: 0 is sent
+# A negative count has no unsigned integer: 0 is sent
 $ cfgtool -t sensor -d test -v PSU -5
 do find PSU
 > 30 91  D9 7E 00 0C 21 01 00 00 < 00
@@ -143,3 +143,21 @@ $ cfgtool -t sensor -d test -v PSU 1 2
 |"Usage: cfgtool -t sensor -d test -v <sensorname> <value> \r\n"
 | value:  value      start test and set the current value
 |         stop       stop test
+
+# What is no number for a full record is none for any other
+$ cfgtool -t sensor -d test -v PSU 12abc
+do find PSU
+| Sensor test failed, error code: 0x40000009
+
+# Not a number at all fits no integer: 0 is sent
+$ cfgtool -t sensor -d test -v PSU nan
+do find PSU
+> 30 91  D9 7E 00 0C 21 01 00 00 < 00
+| Sensor test successfully.
+log 2 Sensor "Set sensor(PSU) test value(nan) success,EvtCode:0x206002E0"
+
+# The test cannot be sent
+$ cfgtool -t sensor -d test -v PSU stop
+do find PSU
+> 30 91  D9 7E 00 0C 21 00 00 < unsent
+| Sensor test failed, error code: 0x40000000

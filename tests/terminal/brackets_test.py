@@ -1,0 +1,78 @@
+#!/usr/bin/python3
+"""A signal at every exchange inside every bracket that a transcript opens: the bracket is closed, then the tool ends.
+
+TOOL and SCRIPTED_PLATFORM_LIBRARY name the two programs."""
+import copy
+import itertools
+import os
+import signal
+import unittest
+from pathlib import Path
+
+from session import PLATFORM, TOOL, runner
+
+FOLDER = Path(__file__).resolve().parents[1] / "transcripts"
+SIGNALS = itertools.cycle([signal.SIGTERM, signal.SIGINT, signal.SIGHUP, signal.SIGQUIT, signal.SIGUSR2])
+OPENED, ALREADY_OPEN = 0x00, 0x81
+BRACKETS = {  # of each request: the byte that makes it a bracket, and where that and "open or close" stand
+    (0x00, 0x08): (0x00, 0, 1),  # boot options
+    (0x0C, 0x01): (0x00, 1, 2),  # LAN parameters
+    (0x30, 0x90): (0x20, 0, 4),  # SMBIOS data
+}
+
+
+def bracket_step(frame):
+    """Whether a request opens (1) or closes (0) a bracket; None for all others."""
+    parameter, place, step = BRACKETS.get((frame[1] >> 2, frame[5]), (None, 0, 0))
+    data = frame[6:-1]
+    return data[step] if len(data) > step and data[place] == parameter else None
+
+
+def completion_code(line):
+    """Of a receive in the scripted platform's words."""
+    words = line.split()
+    return bytes.fromhex(words[2])[6] if words[1] != "none" and len(words) > 2 and len(words[2]) > 12 else None
+
+
+def receives_in_brackets(transcript):
+    """Places in the platform's script of the receives from the opening of a bracket to its closing."""
+    receives = [place for place, line in enumerate(transcript.script) if line.startswith("recv ")]
+    places, step, is_open = [], None, False
+    for event in transcript.events:
+        if event[0] == "send":
+            step = bracket_step(event[1])
+        elif event[0] == "recv":
+            place = receives.pop(0)
+            if step == 1 and completion_code(transcript.script[place]) in (OPENED, ALREADY_OPEN):
+                is_open = True
+            if is_open:
+                places.append(place)
+            if step == 0:
+                is_open = False
+    return places
+
+
+def with_signal(transcript, place, number):
+    changed = copy.deepcopy(transcript)
+    changed.script.insert(place + 1, f"signal recv {number.value}")
+    changed.ending = number.value
+    return changed
+
+
+class brackets(unittest.TestCase):
+    def test_every_transcript(self):
+        played = 0
+        for path in sorted(FOLDER.glob("*/*.t")):
+            for transcript in runner.Reader(path).transcripts():
+                for place in receives_in_brackets(transcript) if not transcript.ending else []:
+                    number = next(SIGNALS)
+                    with self.subTest(transcript=transcript.where, receive=transcript.script[place], signal=number):
+                        changed = with_signal(transcript, place, number)
+                        run = runner.play(changed, changed.commands[0], os.path.abspath(TOOL), os.path.abspath(PLATFORM))
+                        self.assertEqual(runner.faults_of(changed, run), [])
+                    played += 1
+        self.assertGreater(played, 100)
+
+
+if __name__ == "__main__":
+    unittest.main()
