@@ -437,15 +437,17 @@ const sdr_record *sdr_find_by_name(const char *name)
     return find(*iterator, {name, 0, 0});
 }
 
+/// Then the store is at its end, or does not answer: it is not asked again for each of many sensors.
+static bool asked_in_vain;
+
 const sdr_record *sdr_find_by_number(uint8_t number, uint8_t type)
 {
-    static bool at_the_end;  // or the store does not answer: it is not asked again for each of many sensors
     const wanted_record wanted{nullptr, number, type};
-    if (at_the_end)
+    if (asked_in_vain)
         return find_kept(wanted);
     if (iterator == nullptr)
         iterator = sdr_open();
     const sdr_record *found = iterator != nullptr ? find(*iterator, wanted) : nullptr;
-    at_the_end = found == nullptr;
+    asked_in_vain = found == nullptr;
     return found;
 }
