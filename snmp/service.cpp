@@ -12,15 +12,15 @@ static constexpr char module[] = "Zentro";
 
 // Services ----------------------------------------------------------------------------------------------------------
 
-/// Kept whole: what is not selectable here is another tool's.
+/// Kept whole: what is not selectable is switched off for this tool.
 template <uint8_t webssl_port_kind>
-static constexpr service services[] = {
+static constexpr service service_table[] = {
     {"ftp", 1, 0, http},   {"ssh", 2, 0, http},    {"telnet", 3, 0, http},
     {"kvm", 4, 0, http},   {"vmm", 5, 0, http},    {"cim", 6, 0, http},
     {"wsman", 7, 0, http}, {"snmp", 8, 0, http},   {"webssl", 9, 1, webssl_port_kind},
     {"lan", 10, 0, http},  {"video", 11, 0, http}, {"", 0, 0, 0},
 };
-const service *const state_table = services<http>, *const port_table = services<https>;
+const service *const state_table = service_table<http>, *const port_table = service_table<https>;
 
 const service *find_service(const service *table, const char *name)
 {
@@ -112,6 +112,7 @@ static void print_port_usage()
             say("       cfgtool -t service -d port -v <%s> <portvalue(1~65535)>", row->name);
 }
 
+// Kept: the texts of the plain web server; no row of its kind is selectable, but one may become so.
 int port_failed(uint8_t port_kind, uint32_t port)
 {
     if (port_kind == http)

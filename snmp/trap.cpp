@@ -55,7 +55,7 @@ static bool read_new_community(typed_community &community)
     if (!community.read("New Community:"))
         return refuse("Usage: Input New Community error ") != 0;
     const size_t length = strlen(community.text);
-    if (length < 1 || length > max_community)
+    if (length < 1 || length > max_community)  // Kept: more cannot be typed
         return community_length_usage() != 0;
     if (vos_check_incorrect_char(community.text, " ") != 0)
         return refuse("Community string exclude characters:  spaces ") != 0;
@@ -211,8 +211,7 @@ int trap_severity(uint8_t level, uint8_t argc, char **argv, const char *target)
     static constexpr int32_t last = 3;
     if (!check_privilege(level, argc, argv, target))
         return 0;
-    const bool whole = values_given(argc, argv, 1) && strchr(argv[1], '.') == nullptr;
-    const int32_t option = whole ? parse_number(argv[1]) : -1;
+    const int32_t option = values_given(argc, argv, 1) ? parse_number(argv[1]) : -1;
     if (option < 0 || option > last)
         return refuse("Usage: cfgtool -t trap -d severity -v <option>\r\n"
                       "Options are:\r\n"
@@ -234,8 +233,8 @@ int trap_severity(uint8_t level, uint8_t argc, char **argv, const char *target)
         return refuse("Set trap severity failed, error code: 0x%X", got.error_code(severity_selector));
     bracket.close();
     say("Set trap severity success.");
-    log_change("Alert", "Set trap severity filter(%s) success,EvtCode:0x21300780",
-               names[severity <= last ? severity : 0]);
+    const char *name = names[severity <= last ? severity : 0];  // Kept: any other would be "All"
+    log_change("Alert", "Set trap severity filter(%s) success,EvtCode:0x21300780", name);
     return 1;
 }
 

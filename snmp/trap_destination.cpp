@@ -1,6 +1,7 @@
 #include "snmp/trap_destination.h"
 
 #include "cli/console.h"
+#include "cli/hold_signals.h"
 #include "cli/words.h"
 #include "ipmi/privilege.h"
 #include "ipmi/transport.h"
@@ -53,7 +54,7 @@ static trap_target parse_ipv4_target(const char *text)
 static trap_target parse_ipv6_target(const char *text)
 {
     trap_target target{nullptr, false, {}};
-    if (strchr(text, ':') == nullptr || inet_pton(AF_INET6, text, target.bytes) != 1)
+    if (inet_pton(AF_INET6, text, target.bytes) != 1)
         target.refusal = invalid_format;
     return target;
 }
@@ -88,6 +89,7 @@ int trap_address(uint8_t level, uint8_t argc, char **argv, const char *target)
     const trap_target address = dotted ? parse_ipv4_target(argv[2]) : parse_ipv6_target(argv[2]);
     if (address.refusal != nullptr)
         return refuse("%s", address.refusal);
+    const hold_signals until_recorded;
     if (!set_trap_dest_address(destination, address.is_ipv4 ? 0 : 1, address.bytes, address.is_ipv4 ? 4 : 16))
         return 0;
     if (address.is_ipv4)

@@ -4,7 +4,8 @@
 
 #include "tests/unit/conversation.h"
 
-#include <fcntl.h>
+#include <pty.h>
+#include <termios.h>
 #include <unistd.h>
 #include <utility>
 
@@ -155,15 +156,57 @@ TEST_F(trap_result, refused_texts)
     run(trap_dataitems, "address", {"-v", "1", "10.0.0.256"}, 0);
     run(trap_dataitems, "address", {"-v", "1", "10.0.1"}, 0);
     run(trap_dataitems, "address", {"-v", "1", "fe80"}, 0);
-    run(trap_dataitems, "community", {"-v"}, 0);
 }
 
-TEST_F(trap_result, a_community_that_cannot_be_typed)
+/// Standard input is a terminal on which this has been typed.
+class typed
 {
-    const int before = dup(STDIN_FILENO), nothing = open("/dev/null", O_RDONLY);
-    dup2(nothing, STDIN_FILENO);
+public:
+    explicit typed(const std::string &keys)
+    {
+        termios mode{};
+        cfmakeraw(&mode);
+        mode.c_cc[VMIN] = 1;
+        EXPECT_EQ(openpty(&main, &child, nullptr, &mode, nullptr), 0);
+        EXPECT_EQ(write(main, keys.data(), keys.size()), ssize_t(keys.size()));
+        dup2(child, STDIN_FILENO);
+    }
+    ~typed()
+    {
+        dup2(before, STDIN_FILENO);
+        for (const int open : {before, main, child})
+            close(open);
+    }
+    typed(const typed &) = delete;
+    typed &operator=(const typed &) = delete;
+
+private:
+    const int before = dup(STDIN_FILENO);
+    int main = -1, child = -1;
+};
+
+TEST_F(trap_result, community)
+{
+    static constexpr char set[] = "0C 01  01 10 54 72 69 63 6F 72 6E 38 00 00 00 00 00 00 00 00 00 00";
+    for (const auto &[ending, result] : {std::pair{"00", 1}, {"C1", 0}, {"silent", 0}}) {
+        const typed keys("Tricorn8\rTricorn8\r");
+        write_in_bracket(set, ending);
+        run(trap_dataitems, "community", {}, result);
+    }
+}
+
+TEST_F(trap_result, a_community_against_the_rules_leaves_the_bracket_open)
+{
+    const typed keys("tricorn\rtricorn\r");
+    wire(opened, "00");
+    wire("0C 01  01 10 74 72 69 63 6F 72 6E 00 00 00 00 00 00 00 00 00 00 00", "84");
     run(trap_dataitems, "community", {}, 0);
-    dup2(before, STDIN_FILENO);
-    close(before);
-    close(nothing);
+}
+
+TEST_F(trap_result, no_community)
+{
+    run(trap_dataitems, "community", {"-v"}, 0);
+    const typed keys("\rTricorn8\rBicorn88\r");
+    run(trap_dataitems, "community", {}, 0);  // empty
+    run(trap_dataitems, "community", {}, 0);  // two that differ
 }
