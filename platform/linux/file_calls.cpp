@@ -31,13 +31,6 @@ int vos_get_file_name(const char *path, char *name, size_t name_size)
 
 // Copying -----------------------------------------------------------------------------------------------------------
 
-static bool same_file(int from, const char *to)
-{
-    struct stat source, target;
-    return fstat(from, &source) == 0 && stat(to, &target) == 0 && source.st_dev == target.st_dev &&
-           source.st_ino == target.st_ino;
-}
-
 static bool copy_all(int from, int to)
 {
     for (;;) {
@@ -54,7 +47,7 @@ int vos_file_copy(const char *to, const char *from)
     off_t size = 0;
     const descriptor source(open_regular(from, &size));
     struct stat about;
-    if (source.fd < 0 || to == nullptr || same_file(source.fd, to) || fstat(source.fd, &about) != 0)
+    if (source.fd < 0 || same_file(source.fd, to) || fstat(source.fd, &about) != 0)
         return -1;
     new_file target(to, about.st_mode & 0777);
     return target.fd() >= 0 && copy_all(source.fd, target.fd()) && target.take_place() ? 0 : -1;

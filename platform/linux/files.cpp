@@ -7,23 +7,30 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
 #include <sys/stat.h>
 
-int open_regular(const char *path, off_t *size)
+int open_regular(const char *path, off_t *size, int mode)
 {
     if (path == nullptr)
         return -1;
-    const int fd = open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    const int fd = open(path, mode | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
     struct stat about;
     if (fd < 0)
         return -1;
     if (fstat(fd, &about) != 0 || !S_ISREG(about.st_mode)) {
         close(fd);
+        errno = EINVAL;
         return -1;
     }
     *size = about.st_size;
     return fd;
+}
+
+bool same_file(int fd, const char *path)
+{
+    struct stat opened, named;
+    return path != nullptr && fstat(fd, &opened) == 0 && stat(path, &named) == 0 && opened.st_dev == named.st_dev &&
+           opened.st_ino == named.st_ino;
 }
 
 /// As much of `count` bytes as there is before the end of the file; -1 = an error.

@@ -3,6 +3,7 @@
 
 #include <climits>
 #include <cstddef>
+#include <fcntl.h>
 #include <sys/types.h>
 #include <unistd.h>
 
@@ -19,10 +20,13 @@ struct descriptor {
     descriptor &operator=(const descriptor &) = delete;
 };
 
-/// Opens a regular file for reading; links are followed. -1 = it cannot be opened or is something else: a FIFO or a
-/// device never blocks the caller.
+/// Opens a regular file; links are followed. -1 = it cannot be opened, errno tells why, or is something else: a FIFO or
+/// a device never blocks the caller.
 ///   size  of the file
-int open_regular(const char *path, off_t *size);
+int open_regular(const char *path, off_t *size, int mode = O_RDONLY);
+
+/// Whether a path leads to a file that is open already.
+bool same_file(int fd, const char *path);
 
 /// The contents of a regular file, a 0 byte behind them, for the caller to free. Null: no such file, it is something
 /// else, it is longer than `limit`, or memory is short.

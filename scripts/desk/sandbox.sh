@@ -10,7 +10,7 @@ describe_sandbox() {
     sandbox=(--unshare-user --uid "$user" --gid "$user" --cap-drop ALL --unshare-uts --hostname ipmc)
 
     sandbox+=(--ro-bind /usr /usr --ro-bind /etc /etc)
-    for top in /bin /sbin /lib*; do
+    for top in /bin /lib*; do
         if [[ -L $top ]]; then
             sandbox+=(--symlink "$(readlink "$top")" "$top")
         else
@@ -20,6 +20,8 @@ describe_sandbox() {
     for name in passwd group profile; do
         sandbox+=(--ro-bind "$repository/controller/disk/etc/$name" "/etc/$name")
     done
+    # What the tool runs from there. The machine's own system programs are in /usr/sbin.
+    sandbox+=(--ro-bind "$repository/controller/disk/sbin" /sbin)
     sandbox+=(--proc /proc --dev /dev --symlink ../tmp /var/tmp)
 
     for folder in data ipmc web ko tmp; do

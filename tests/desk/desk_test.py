@@ -21,6 +21,9 @@ FANLEVEL_60 = (
     b"Current Mode:        manual, timeout 30 seconds.\r\n"
     b"Manual Fan Level:    60%\r\n"
 )
+UPGRADE_QUESTION = b"This operation will upgrade BIOS. Continue? [Y/N]:"
+# A dot for each of 256 blocks, 78 to a line.
+EEPROM_READ = 3 * (78 * b"." + b"\r\n") + 22 * b"." + b"\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
 OWN_FAILURE = 125
 
 
@@ -144,6 +147,192 @@ class desk(unittest.TestCase):
         self.assertEqual(fields[0], ("5", "Major", "2024-05-06  08:00:00", fan, "20120001", "Asserted"))
         self.assertEqual([field[0] for field in fields], ["5", "4", "3", "2", "1"])
         self.assertIn(b"tmp/sel.tar", self.output_of("tar", "-tf", "/tmp/debug-info.tar.gz"))
+
+    # The board's devices: files on the disk
+
+    def board(self, name):
+        return self.folder / "desk/data/board" / name
+
+    def programs_run(self):
+        """What the recorded programs were called with; the time in front is not compared."""
+        log = self.folder / "desk/data/log/programs.log"
+        lines = log.read_text().splitlines() if log.exists() else []
+        for line in lines:
+            self.assertRegex(line, r"^\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ\t")
+        return [line.split("\t")[1] for line in lines]
+
+    def answer_at_terminal(self, keys, *words):
+        """Output of a ./desk whose question is answered by keys typed at a terminal."""
+        ours, theirs = pty.openpty()
+        self.addCleanup(os.close, ours)
+        self.addCleanup(os.close, theirs)
+        process = self.start(*words, stdin=theirs)
+        seen = b""
+        while not seen.endswith(b"]:"):
+            part = os.read(process.stdout.fileno(), 1024)
+            self.assertTrue(part, seen)
+            seen += part
+        os.write(ours, keys)
+        out, err = process.communicate(timeout=60)
+        self.assertEqual((process.returncode, err), (0, b""))
+        return seen + out
+
+    def upgrade_bios(self, keys=b"y\n", size=8 << 20):
+        """The image and what the tool shows."""
+        self.output_of("true")
+        image = os.urandom(size)
+        (self.folder / "desk/tmp/new.bin").write_bytes(image)
+        command = ["cfgtool", "-t", "maintenance", "-d", "upgradebios", "-v", "/tmp/new.bin"]
+        return image, self.answer_at_terminal(keys, *command)
+
+    def output_with_small_folder(self, name, script, **more):
+        """Output of a shell at the desk whose folder of this name is on a disk of 1 MiB."""
+        self.output_of("true")
+        mounted = 'mount -t tmpfs -o size=1M tmpfs "$1" && shift && exec "$@"'
+        around = ["unshare", "--user", "--map-root-user", "--mount", "sh", "-ec", mounted, "sh"]
+        words = [*around, self.folder / "desk" / name, REPOSITORY / "desk", "sh", "-ec", script]
+        pipes = {"stdout": subprocess.PIPE, "stderr": subprocess.PIPE} | more
+        done = subprocess.run(words, env=self.environment, timeout=60, **pipes)
+        self.assertEqual((done.returncode, done.stderr), (0, b""))
+        return done.stdout
+
+    def test_readeeprom_makes_the_file_equal_to_the_eeprom(self):
+        self.output_of("true")
+        image = os.urandom(16384)
+        self.board("eeprom").write_bytes(image)
+        self.assertEqual(self.output_of("cfgtool", "-t", "maintenance", "-d", "readeeprom"), EEPROM_READ)
+        self.assertEqual((self.folder / "desk/tmp/eeprom.bin").read_bytes(), image)
+        record = ("2", "root", "console", "Zentro", "Read eeprom to file /tmp/eeprom.bin success, EvtCode:0x20201480")
+        self.assertEqual(self.log_records(), [record])
+
+    def test_eeprom_of_a_new_disk_tells_where_each_block_is(self):
+        self.output_of("true")
+        image = self.board("eeprom").read_text()
+        self.assertEqual(len(image), 16384)
+        lines = [image[start : start + 64] for start in range(0, 16384, 64)]
+        self.assertRegex(lines[0], r"bytes 0x0000 to 0x003F *\n$")
+        self.assertRegex(lines[1], r"bytes 0x0040 to 0x007F *\n$")
+        self.assertRegex(lines[255], r"bytes 0x3FC0 to 0x3FFF *\n$")
+        self.assertEqual(len(set(lines)), 256)
+
+    def test_readeeprom_of_an_image_that_is_too_short_says_so(self):
+        self.output_of("true")
+        os.truncate(self.board("eeprom"), 16320)
+        out = self.output_of("cfgtool", "-t", "maintenance", "-d", "readeeprom")
+        self.assertEqual(out, b".ret = -22, pos = 0\r\n\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n")
+        self.assertEqual(self.board("eeprom").stat().st_size, 16320)
+
+    def test_without_a_board_file_there_is_no_device(self):
+        self.output_of("true")
+        (self.folder / "desk/data/linux-board.conf").unlink()
+        out = self.output_of("cfgtool", "-t", "maintenance", "-d", "readeeprom")
+        self.assertTrue(out.startswith(b".ret = -2, pos = 0\r\n"), out)
+        out = self.output_of("cfgtool", "-t", "maintenance", "-d", "downloadbios")
+        self.assertEqual(out, b"Download bios fail\r\n")
+        out = self.output_of("cfgtool", "-t", "maintenance", "-d", "biosprint", "-v", "2")
+        self.assertEqual(out, b"Unsupported command.\r\n")
+
+    def test_downloadbios_reads_the_first_8_mib_of_the_flash(self):
+        self.output_of("true")
+        self.assertEqual(self.board("bios-flash").stat().st_size, 16 << 20)
+        flash = os.urandom(16 << 20)
+        self.board("bios-flash").write_bytes(flash)
+        self.assertEqual(self.output_of("cfgtool", "-t", "maintenance", "-d", "downloadbios"), b"")
+        self.assertTrue((self.folder / "desk/tmp/bios.bin").read_bytes() == flash[: 8 << 20])
+        record = ("2", "root", "console", "BIOS", "Download bios to /tmp/bios.bin success, EvtCode:0x21701490")
+        self.assertEqual(self.log_records(), [record])
+
+    def test_upgradebios_writes_the_flash_and_gives_it_back(self):
+        for size in (8 << 20, 16 << 20):
+            image, out = self.upgrade_bios(size=size)
+            self.assertEqual(out, UPGRADE_QUESTION + b"size of /tmp/new.bin is %d\r\n" % size)
+            flash = self.board("bios-flash").read_bytes()
+            self.assertTrue(flash == image + bytes((16 << 20) - size))
+            self.assertEqual(self.board("bios-owner").read_text(), "0\n")
+        record = ("2", "root", "console", "BIOS", " Upgrade bios from /tmp/new.bin success, EvtCode:0x217014A0")
+        self.assertEqual(self.log_records(), [record] * 2)
+        self.assertEqual(self.programs_run(), ["/sbin/insmod /ko/m25p80.ko", "/sbin/rmmod /ko/m25p80.ko"] * 2)
+
+    def test_upgradebios_refused_at_the_terminal_does_nothing(self):
+        for keys, shown in ((b"n\n", b""), (b"x\n", b"Input character invalid.\r\n")):
+            _, out = self.upgrade_bios(keys)
+            self.assertEqual(out, UPGRADE_QUESTION + shown)
+        self.assertTrue(self.board("bios-flash").read_bytes() == bytes(16 << 20))
+        self.assertEqual(self.programs_run(), [])
+
+    def test_upgradebios_that_does_not_fit_the_flash_gives_it_back(self):
+        self.output_of("true")
+        os.truncate(self.board("bios-flash"), 8 << 20)
+        _, out = self.upgrade_bios(size=16 << 20)
+        self.assertEqual(out, UPGRADE_QUESTION + b"size of /tmp/new.bin is 16777216\r\nUpgrade bios fail\r\n")
+        self.assertTrue(self.board("bios-flash").read_bytes() == bytes(8 << 20))
+        self.assertEqual(self.board("bios-owner").read_text(), "0\n")
+        self.assertEqual(self.programs_run(), ["/sbin/insmod /ko/m25p80.ko", "/sbin/rmmod /ko/m25p80.ko"])
+        self.assertFalse((self.folder / "desk/data/log/operation.log").exists())
+
+    def test_upgradebios_without_the_flash_loads_nothing(self):
+        self.output_of("true")
+        self.board("bios-owner").unlink()
+        _, out = self.upgrade_bios()
+        self.assertEqual(out, UPGRADE_QUESTION + b"size of /tmp/new.bin is 8388608\r\nUpgrade bios fail\r\n")
+        self.assertTrue(self.board("bios-flash").read_bytes() == bytes(16 << 20))
+        self.assertFalse(self.board("bios-owner").exists())
+        self.assertEqual(self.programs_run(), [])
+
+    def test_upgradebios_on_a_full_disk_gives_the_flash_back(self):
+        script = """
+            cd /data/board
+            echo 0 >bios-owner
+            truncate -s 16M bios-flash
+            head -c 8M /dev/urandom >/tmp/new.bin
+            cfgtool -t maintenance -d upgradebios -v /tmp/new.bin
+            cat bios-owner
+            stat -c %s bios-flash"""
+        out = self.output_with_small_folder("data/board", script, input=b"y\n")
+        shown = UPGRADE_QUESTION + b"size of /tmp/new.bin is 8388608\r\nUpgrade bios fail\r\n0\n16777216\n"
+        self.assertEqual(out, shown)
+        self.assertEqual(self.programs_run(), ["/sbin/insmod /ko/m25p80.ko", "/sbin/rmmod /ko/m25p80.ko"])
+
+    def test_full_tmp_keeps_what_is_there(self):
+        script = """
+            echo old BIOS >/tmp/bios.bin
+            echo old EEPROM >/tmp/eeprom.bin
+            cat /dev/zero >/tmp/filler 2>/data/no-room || true
+            ls -A /tmp >/data/before
+            cfgtool -t maintenance -d downloadbios
+            cfgtool -t maintenance -d readeeprom
+            cat /tmp/bios.bin /tmp/eeprom.bin
+            ls -A /tmp | diff /data/before -"""
+        out = self.output_with_small_folder("tmp", script, stdin=subprocess.DEVNULL)
+        self.assertEqual(out, b"Download bios fail\r\n" + EEPROM_READ + b"old BIOS\nold EEPROM\n")
+
+    def test_read_only_tmp_keeps_what_is_there(self):
+        self.output_of("true")
+        tmp = self.folder / "desk/tmp"
+        for name in ("bios.bin", "eeprom.bin"):
+            (tmp / name).write_text("old")
+        before = sorted(os.listdir(tmp))
+        tmp.chmod(0o555)
+        self.addCleanup(tmp.chmod, 0o755)
+        out = self.output_of("cfgtool", "-t", "maintenance", "-d", "downloadbios")
+        self.assertEqual(out, b"Download bios fail\r\n")
+        out = self.output_of("cfgtool", "-t", "maintenance", "-d", "readeeprom")
+        self.assertEqual(out, EEPROM_READ.replace(b"\nRead", b"fp is null\r\n\nRead"))
+        self.assertEqual(sorted(os.listdir(tmp)), before)
+        self.assertEqual([(tmp / name).read_text() for name in ("bios.bin", "eeprom.bin")], ["old", "old"])
+
+    def test_webrestart_ends_and_starts_the_web_server(self):
+        self.assertEqual(self.output_of("cfgtool", "-t", "maintenance", "-d", "webrestart"), b"")
+        self.assertEqual(self.programs_run(), ["/sbin/killall /web/linux/webs", "/web/linux/webs"])
+        record = ("2", "root", "console", "Zentro", "Restart web service success, EvtCode:0x202014E0")
+        self.assertEqual(self.log_records(), [record])
+
+    def test_biosprint_is_set_on_the_disk(self):
+        out = self.answer_at_terminal(b"y\n", "cfgtool", "-t", "maintenance", "-d", "biosprint", "-v", "1")
+        self.assertTrue(out.endswith(b"]:Set BIOS debug info enable successfully.\r\n"), out)
+        self.assertEqual(self.board("bios-print").read_text(), "1\n")
+        self.output_of("cfgtool", "-t", "maintenance", "-d", "biosprint", "-v", "2")
+        self.assertEqual(self.board("bios-print").read_text(), "0\n")
 
     # The trace
 

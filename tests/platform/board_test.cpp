@@ -14,13 +14,7 @@ class board : public test_folder
 protected:
     ~board() override { fake = {}; }
 
-    static std::string pattern(size_t length, unsigned seed)
-    {
-        std::string text(length, '\0');
-        for (size_t n = 0; n < length; ++n)
-            text[n] = char(seed + n * 13 + n / 251);
-        return text;
-    }
+    const variable no_board_file{"ZENTRO_BOARD_FILE", path("no-board-file")};
 };
 
 TEST_F(board, a_plain_machine_has_neither_cpld_nor_fpga)

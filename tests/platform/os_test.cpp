@@ -319,21 +319,6 @@ TEST_F(files, replace_a_planted_link_and_do_not_follow_it)
     EXPECT_EQ(contents(path("to")), "new");
 }
 
-/// In a process of its own, whose files cannot grow beyond `limit`.
-bool holds_with_file_limit(rlim_t limit, const auto &claim)
-{
-    const pid_t child = fork();
-    if (child == 0) {
-        signal(SIGXFSZ, SIG_IGN);
-        const rlimit both{limit, limit};
-        setrlimit(RLIMIT_FSIZE, &both);
-        _exit(claim() ? 0 : 1);
-    }
-    int status = -1;
-    waitpid(child, &status, 0);
-    return status == 0;
-}
-
 TEST_F(files, that_do_not_fit_the_disk_are_not_copied_by_halves)
 {
     const std::string from = write("from", std::string(200000, 'x')), to = write("to", "before");
