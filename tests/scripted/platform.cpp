@@ -33,6 +33,7 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <string>
+#include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>
 #include <termios.h>
@@ -59,7 +60,9 @@ struct call_value {
 struct secret {
     std::string hex;
     std::vector<unsigned char> inverted;
+    bool may_start_trace[256] = {};  // by the character that a trace begins with
 };
+constexpr size_t trace_length = 6;  // so many bytes of a secret in a row are a trace of it
 
 struct script {
     uid_t uid = 0, real_uid = 0;
@@ -116,6 +119,14 @@ std::string read_all(int fd)
     return text;
 }
 
+secret make_secret(const std::string &hex)
+{
+    secret made{hex, unhex(hex.c_str(), 0xFF), {}};
+    for (size_t n = 0; n == 0 || n + trace_length <= made.inverted.size(); ++n)
+        made.may_start_trace[made.inverted.at(n) ^ 0xFF] = true;
+    return made;
+}
+
 void take(script &to, const std::string &line)
 {
     const size_t blank = line.find(' ');
@@ -143,7 +154,7 @@ void take(script &to, const std::string &line)
     } else if (verb == "screen" && rest == "file") {
         to.screen_is_file = true;
     } else if (verb == "secret") {
-        to.secrets.push_back({rest, unhex(rest.c_str(), 0xFF)});
+        to.secrets.push_back(make_secret(rest));
     } else if (verb == "modes" && rest == "shown") {
         to.modes_shown = true;
     } else if (verb == "result") {
@@ -169,10 +180,10 @@ script *load(int fd)
 
 // Secrets -----------------------------------------------------------------------------------------------------------
 
-constexpr size_t trace_length = 6;            // so many bytes of a secret in a row are a trace of it
 constexpr size_t largest_mapping = 64 << 20;  // a sanitizer's own books are larger
 
-/// Whatever a sanitizer thinks of the bytes at `place`.
+// These two read whatever is there, whatever a sanitizer thinks of it.
+
 [[gnu::no_sanitize_address]] bool stands_at(const unsigned char *place, const unsigned char *inverted, size_t length)
 {
     for (size_t n = 0; n < length; ++n)
@@ -185,18 +196,35 @@ constexpr size_t largest_mapping = 64 << 20;  // a sanitizer's own books are lar
                                            const char *name)
 {
     const size_t size = wanted.inverted.size(), length = std::min(trace_length, size);
-    static bool may_start[256];
-    std::fill(std::begin(may_start), std::end(may_start), false);
-    for (size_t n = 0; n + length <= size; ++n)
-        may_start[wanted.inverted[n] ^ 0xFF] = true;
+    const unsigned char *const inverted = wanted.inverted.data();
     for (const unsigned char *place = start; place + length <= end; ++place) {
-        size_t n = may_start[*place] ? 0 : size;
-        while (n + length <= size && !stands_at(place, &wanted.inverted[n], length))
+        if (!wanted.may_start_trace[*place])
+            continue;
+        size_t n = 0;
+        while (n + length <= size && !stands_at(place, inverted + n, length))
             ++n;
         if (n + length > size)
             continue;
         trace("held s:" + wanted.hex + " " + name + "+" + std::to_string(place - start));
         place += size - n - 1;  // behind this copy
+    }
+}
+
+/// Looks through those pages of a mapping that were ever written: of what a sanitizer has mapped, few were.
+void look_through(const unsigned char *start, const unsigned char *end, const char *name)
+{
+    static constexpr size_t smallest_page = 4096;
+    static unsigned char is_there[largest_mapping / smallest_page];
+    const auto page = static_cast<size_t>(sysconf(_SC_PAGESIZE));
+    if (mincore(const_cast<unsigned char *>(start), static_cast<size_t>(end - start), is_there) != 0)
+        abort();
+    const auto pages = static_cast<size_t>(end - start) / page;
+    for (size_t first = 0, past = 0; first < pages; first = past + 1) {
+        for (past = first; past < pages && (is_there[past] & 1) != 0;)
+            ++past;
+        if (past > first)
+            for (const secret &wanted : played->secrets)
+                look_for(wanted, start + first * page, start + past * page, name);
     }
 }
 
@@ -221,9 +249,8 @@ void look_for_secrets()
         char *rest = nullptr;
         const auto start = strtoul(line, &rest, 16), end = strtoul(rest + 1, &rest, 16);
         if (strncmp(rest, " rw", 3) == 0 && end - start <= largest_mapping)
-            for (const secret &wanted : played->secrets)
-                look_for(wanted, reinterpret_cast<const unsigned char *>(start),
-                         reinterpret_cast<const unsigned char *>(end), strrchr(line, ' ') + 1);
+            look_through(reinterpret_cast<const unsigned char *>(start), reinterpret_cast<const unsigned char *>(end),
+                         strrchr(line, ' ') + 1);
         line = line_end + 1;
     }
 }

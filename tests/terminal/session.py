@@ -15,7 +15,7 @@ from pathlib import Path
 sys.path.insert(0, str(Path(__file__).resolve().parents[1]))
 import transcript as runner  # noqa: E402
 
-TOOL, PLATFORM = os.environ["TOOL"], os.environ["SCRIPTED_PLATFORM_LIBRARY"]
+TOOL, PLATFORM = (os.path.abspath(os.environ[name]) for name in ("TOOL", "SCRIPTED_PLATFORM_LIBRARY"))
 TIME_LIMIT_S = 60
 
 
@@ -55,7 +55,7 @@ class Session:
         os.close(self.orders[0])
         self.pid = int(self.next_word())
 
-    # The shell: starts the tool as a job in the foreground, and tells what becomes of it -------------------------------
+    # The shell: starts the tool as a job in the foreground, and tells what becomes of it ------------------------------
 
     def be_the_shell(self, told, job, ignored):
         try:

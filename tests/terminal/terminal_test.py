@@ -117,8 +117,8 @@ class terminal(unittest.TestCase):
     # Hidden words -----------------------------------------------------------------------------------------------------
 
     def at_each_key(self, events, check, **more):
-        """The two prompts of a community, at some of their keys, each waited for in its turn. Checked with the session, the
-        keys that are left, the number of the first of them, and what the terminal shows."""
+        """The two prompts of a community, at some of their keys, each waited for in its turn. Checked with the session,
+        the keys that are left, the number of the first of them, and what the terminal shows."""
         keys = FIRST + b"\r" + SECOND + b"\r"
         for step in (0, 1, 4, len(FIRST), len(FIRST) + 1, len(FIRST) + 2, len(keys) - 1):
             with self.subTest(keys=keys[:step]):
