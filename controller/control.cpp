@@ -2,6 +2,7 @@
 
 #include "controller/state_file.h"
 
+#include <iomanip>
 #include <sstream>
 #include <stdexcept>
 
@@ -21,10 +22,19 @@ static std::vector<std::string> split(const std::string &line)
     return words;
 }
 
+static std::string join(std::span<const std::string> words)
+{
+    std::string line;
+    for (const std::string &word : words)
+        line += (line.empty() ? "" : " ") + word;
+    return line;
+}
+
 const control::verb control::verbs[] = {
-    {"show", "show [NAME]", &control::show},
+    {"show", "show [NAME | sensor NAME]", &control::show},
     {"set", "set POINTER VALUE", &control::set},
     {"fail", "fail NETFN CMD [sub=HEX] KIND [count=N] | fail clear", &control::fail},
+    {"cancel", "cancel", &control::cancel},
     {"save", "save", &control::save},
     {"reset", "reset", &control::reset},
 };
@@ -60,7 +70,7 @@ json control::show(words arguments)
     if (arguments.empty())
         return all;
     if (arguments.size() > 1)
-        return error("show takes one name at most");
+        return show_one(arguments[0], join(arguments.subspan(1)));
     if (all.contains(arguments[0]))
         return all[arguments[0]];
     std::string known;
@@ -69,23 +79,35 @@ json control::show(words arguments)
     return error(arguments[0] + ": nothing of that name, there are:" + known);
 }
 
+/// One of many things of a kind.
+json control::show_one(const std::string &kind, const std::string &name)
+{
+    try {
+        const auto found = board.details(kind, name);
+        return found ? *found : error("show takes one name, or \"sensor\" and the name of one");
+    } catch (const std::out_of_range &problem) {
+        return error(name + ": " + problem.what());
+    }
+}
+
 /// The value goes through the family's from_json like a state that is loaded, so nothing wrong can be set.
 json control::set(words arguments)
 {
     if (arguments.size() < 2)
         return error("set POINTER VALUE, as in set /fans/level 80");
-    std::string value = arguments[1];
-    for (const std::string &word : arguments.subspan(2))
-        value += " " + word;
+    std::istringstream in(join(arguments));
+    std::string place, value;
+    in >> std::quoted(place);
+    std::getline(in >> std::ws, value);
     const json wanted = json::parse(value, nullptr, false);
     if (wanted.is_discarded())
         return error(value + ": not JSON; a text needs double quotes");
-    const json::json_pointer pointer(arguments[0]);
+    const json::json_pointer pointer(place);
     json state = board.to_json();
     if (pointer.empty() || !state.contains(pointer))
-        return error(arguments[0] + ": there is nothing at that place of the state");
+        return error(place + ": there is nothing at that place of the state");
     state[pointer] = wanted;
-    const std::string family = arguments[0].substr(1, arguments[0].find('/', 1) - 1);
+    const std::string family = place.substr(1, place.find('/', 1) - 1);
     board.from_json({{family, state[family]}});
     return done;
 }
@@ -96,6 +118,14 @@ json control::fail(words arguments)
         faults.clear();
     else
         faults.add(parse_fault(arguments));
+    return done;
+}
+
+json control::cancel(words arguments)
+{
+    if (!arguments.empty())
+        return error("cancel takes no words: it makes all reservations void");
+    board.cancel_reservations();
     return done;
 }
 

@@ -32,8 +32,10 @@ private:
     static const verb verbs[];
 
     json show(words arguments);
+    json show_one(const std::string &kind, const std::string &name);
     json set(words arguments);
     json fail(words arguments);
+    json cancel(words arguments);
     json save(words arguments);
     json reset(words arguments);
 

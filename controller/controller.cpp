@@ -13,7 +13,8 @@ static bool starts_with(std::span<const uint8_t> data, std::span<const uint8_t> 
     return data.size() >= lead.size() && std::equal(lead.begin(), lead.end(), data.begin());
 }
 
-controller::controller(scheduler &timers, std::span<const family_maker> makers) : clock(timers)
+controller::controller(scheduler &timers, std::span<const family_maker> makers, board_description described)
+    : clock(timers), restarting(timers.make_timer([this] { restart(); })), board(std::move(described))
 {
     for (const family_maker make : makers) {
         members.push_back(make(*this));
@@ -93,6 +94,14 @@ json controller::shown() const
     return state;
 }
 
+std::optional<json> controller::details(std::string_view kind, std::string_view name) const
+{
+    for (const auto &member : members)
+        if (auto found = member->details(kind, name))
+            return found;
+    return std::nullopt;
+}
+
 void controller::from_json(const json &state)
 {
     json_fields fields(state, "");
@@ -112,6 +121,12 @@ void controller::restart()
 {
     for (const auto &member : members)
         member->restart();
+}
+
+void controller::cancel_reservations()
+{
+    for (const auto &member : members)
+        member->cancel_reservations();
 }
 
 family &controller::member(std::string_view name)

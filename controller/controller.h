@@ -3,6 +3,7 @@
 
 #include "controller/families.h"
 #include "controller/scheduler.h"
+#include "controller/sensors/board_file.h"
 
 #include <any>
 #include <filesystem>
@@ -19,7 +20,10 @@ namespace ipmcd
 class controller
 {
 public:
-    explicit controller(scheduler &timers, std::span<const family_maker> makers = all_families());
+    explicit controller(scheduler &timers, std::span<const family_maker> makers = all_families(),
+                        board_description described = default_board());
+    controller(const controller &) = delete;  // its families keep references to it
+    controller &operator=(const controller &) = delete;
 
     /// Carries one request out. Anything but completion::ok comes without answer data.
     completion execute(uint8_t netfn, uint8_t lun, uint8_t command, std::span<const uint8_t> data, byte_writer &answer);
@@ -27,6 +31,8 @@ public:
     const command *row_of(uint8_t netfn, uint8_t command, std::span<const uint8_t> data) const;
 
     scheduler &timers() { return clock; }
+    /// The board that it sits on.
+    const board_description &description() const { return board; }
     /// The family of that name. Throws std::out_of_range when there is none.
     family &member(std::string_view name);
     /// What several families have in common, a copyable struct: the one object of its kind, made for the first who
@@ -45,11 +51,17 @@ public:
     json to_json() const;
     /// The same without its secrets.
     json shown() const;
+    /// What a family tells of one of its things. None: no family has things of this kind. Throws std::out_of_range when
+    /// none of them has this name.
+    std::optional<json> details(std::string_view kind, std::string_view name) const;
     /// Takes over the families that `state` names and leaves the others. Throws bad_state at the first that is wrong.
     void from_json(const json &state);
     void reset();
     /// A cold reset: settings stay, what lives only as long as the controller runs starts anew.
     void restart();
+    /// The same, once the answer to the request at hand is out.
+    void restart_soon() { restarting->start(std::chrono::milliseconds(0)); }
+    void cancel_reservations();
 
 private:
     struct entry {
@@ -60,6 +72,8 @@ private:
     completion refusal(uint8_t netfn, uint8_t command, std::span<const uint8_t> data) const;
 
     scheduler &clock;
+    std::unique_ptr<timer> restarting;
+    const board_description board;
     std::optional<std::filesystem::path> disk_folder;
     std::map<std::type_index, std::any> commons;
     std::vector<std::unique_ptr<family>> members;

@@ -1,7 +1,5 @@
 #include "controller/disk.h"
 
-#include "controller/bound_socket.h"
-
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -33,8 +31,8 @@ static void write_whole(int fd, std::string_view content, const std::filesystem:
     }
 }
 
-void write_new_file(const std::filesystem::path &disk, const std::filesystem::path &folder, const char *name,
-                    std::string_view content)
+static void write_file(const std::filesystem::path &disk, const std::filesystem::path &folder, const char *name,
+                       std::string_view content, bool replace)
 {
     descriptor at(open(disk.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (at.get() < 0)
@@ -48,6 +46,8 @@ void write_new_file(const std::filesystem::path &disk, const std::filesystem::pa
             refuse(path);
     }
     path /= name;
+    if (replace)
+        unlinkat(at.get(), name, 0);  // of what is left there all the same, the next call tells
     const descriptor file(openat(at.get(), name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0644));
     if (file.get() < 0)
         refuse(path);
@@ -57,6 +57,31 @@ void write_new_file(const std::filesystem::path &disk, const std::filesystem::pa
         unlinkat(at.get(), name, 0);  // half a file is none
         throw;
     }
+}
+
+void write_new_file(const std::filesystem::path &disk, const std::filesystem::path &folder, const char *name,
+                    std::string_view content)
+{
+    write_file(disk, folder, name, content, false);
+}
+
+void replace_file(const std::filesystem::path &disk, const std::filesystem::path &folder, const char *name,
+                  std::string_view content)
+{
+    write_file(disk, folder, name, content, true);
+}
+
+descriptor open_file(const std::filesystem::path &disk, const std::filesystem::path &path)
+{
+    descriptor at(open(disk.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    for (const auto &part : path.relative_path().parent_path())
+        at = part == ".." ? descriptor() : open_folder(at.get(), part);
+    // Not to wait for a writer, should it be a pipe.
+    descriptor file(openat(at.get(), path.filename().c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    struct stat seen {
+    };
+    const bool is_regular = fstat(file.get(), &seen) == 0 && S_ISREG(seen.st_mode);
+    return is_regular ? std::move(file) : descriptor();
 }
 
 }  // namespace ipmcd

@@ -1,5 +1,8 @@
-/// Files of the controller's disk, as far as requests leave any.
+/// Files of the controller's disk, as far as requests read or leave any. On the way from the folder that holds the disk
+/// no link is followed, since any account of the controller may have put one there.
 #pragma once
+
+#include "controller/bound_socket.h"
 
 #include <filesystem>
 #include <string_view>
@@ -7,10 +10,17 @@
 namespace ipmcd
 {
 
-/// Writes a new file below `disk`, the folder that holds the controller's disk: "tmp/screen", "1.ppm". Missing folders
-/// are made. On the way from `disk` on no link is followed, since any account of the controller may have put one there.
-/// Throws std::runtime_error with the path in its text, also when there is something of that name.
+/// Writes a new file below `disk`: "tmp/screen", "1.ppm". Missing folders are made. Throws std::runtime_error with the
+/// path in its text, also when there is something of that name.
 void write_new_file(const std::filesystem::path &disk, const std::filesystem::path &folder, const char *name,
                     std::string_view content);
+
+/// The same in place of a file that is there.
+void replace_file(const std::filesystem::path &disk, const std::filesystem::path &folder, const char *name,
+                  std::string_view content);
+
+/// Opens a file for reading, by its path on the controller: "/tmp/image.hpm". The descriptor is -1 when there is no
+/// regular file of that name.
+descriptor open_file(const std::filesystem::path &disk, const std::filesystem::path &path);
 
 }  // namespace ipmcd

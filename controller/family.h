@@ -8,8 +8,10 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 
 namespace ipmcd
 {
@@ -19,6 +21,7 @@ class family;
 namespace netfn
 {
 constexpr uint8_t chassis = 0x00;
+constexpr uint8_t sensor_event = 0x04;
 constexpr uint8_t app = 0x06;
 constexpr uint8_t storage = 0x0A;
 constexpr uint8_t transport = 0x0C;
@@ -101,9 +104,14 @@ public:
     virtual void reset() = 0;
     /// The controller starts again. Settings stay; what it remembers only while it runs is forgotten.
     virtual void restart() {}
+    /// Reservations are void from now on, as if another client had reserved.
+    virtual void cancel_reservations() {}
     virtual json to_json() const = 0;
     /// What `show` shows: the state without its secrets.
     virtual json shown() const { return to_json(); }
+    /// What `show KIND NAME` shows, as "sensor" and the name of one. None: the family has no things of this kind.
+    /// Throws std::out_of_range when none of them has this name.
+    virtual std::optional<json> details(std::string_view, std::string_view) const { return std::nullopt; }
     /// Takes over a state. Throws bad_state and keeps the present one when something in it is wrong.
     virtual void from_json(const json &state) = 0;
 };

@@ -27,6 +27,7 @@ constexpr unsigned largest_count = 1'000'000;
 constexpr kind_words kinds[] = {
     {fault_kind::code, "code", true, 0xFF},
     {fault_kind::silence, "silence", false, 0},
+    {fault_kind::cancel, "cancel", false, 0},
     {fault_kind::late, "late", true, longest_delay_ms},
     {fault_kind::wrong_sequence, "wrong-sequence", false, 0},
     {fault_kind::wrong_netfn, "wrong-netfn", false, 0},

@@ -15,6 +15,7 @@ namespace ipmcd
 enum class fault_kind {
     code,            // refused with a completion code, not carried out
     silence,         // swallowed: not carried out, no answer
+    cancel,          // carried out after all reservations were cancelled
     late,            // carried out, answered some milliseconds later
     wrong_sequence,  // from here on: carried out, and the answer spoiled
     wrong_netfn,

@@ -57,11 +57,11 @@ const json *json_fields::find(const char *key)
     return found == object.end() ? nullptr : &*found;
 }
 
-void json_fields::done() const
+void json_fields::done(const std::string &why_not_known) const
 {
     for (const auto &[key, value] : object.items())
         if (!seen.contains(key))
-            refuse(key.c_str(), "unknown field");
+            refuse(key.c_str(), why_not_known);
 }
 
 void json_fields::refuse(const char *key, const std::string &why) const

@@ -51,7 +51,7 @@ public:
     }
     /// The value as it is, or null.
     const json *find(const char *key);
-    void done() const;
+    void done(const std::string &why_not_known = "unknown field") const;
 
     [[noreturn]] void refuse(const char *key, const std::string &why) const;
 

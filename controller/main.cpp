@@ -55,7 +55,7 @@ static void say_ready(const options &chosen)
 static void serve(const options &chosen)
 {
     event_loop loop;
-    controller board(loop);
+    controller board(loop, all_families(), load_board(chosen.board));
     if (chosen.disk)
         board.use_disk(*chosen.disk);
     if (chosen.state)

@@ -10,17 +10,18 @@ namespace ipmcd
 {
 
 const char usage[] =
-    "Usage: ipmcd [--ipc-dir DIR] [--control PATH] [--state FILE] [--disk DIR] [--trace[=FILE]]\n"
-    "             [--ready-fd N]\n"
+    "Usage: ipmcd [--ipc-dir DIR] [--control PATH] [--board BOARD] [--state FILE] [--disk DIR]\n"
+    "             [--trace[=FILE]] [--ready-fd N]\n"
     "       ipmcd --ask COMMAND [--ipc-dir DIR] [--control PATH]\n"
     "  --ipc-dir DIR     folder of the IPMI socket, DIR/2001 (default $ZENTRO_IPC_DIR, else /run/zentro)\n"
     "  --control PATH    control socket (default: \"control\" in that folder)\n"
+    "  --board BOARD     which sensors there are: default, device-sdrs or short-reads, or the path of a board file\n"
     "  --state FILE      load the state from FILE when it is there, save it there at the end\n"
     "  --disk DIR        where files of the controller's disk lie, /tmp/x as DIR/tmp/x; without it none are written\n"
     "  --trace[=FILE]    show the traffic in words on stderr, or append it to FILE\n"
     "  --ready-fd N      write \"ready\" to descriptor N, not to stdout, once requests are taken\n"
-    "  --ask COMMAND     send COMMAND to a running ipmcd: show [NAME], set POINTER VALUE, fail ..., save, reset\n"
-    "                    (exit status 0 done, 1 refused, 2 no answer)\n";
+    "  --ask COMMAND     send COMMAND to a running ipmcd: show [NAME], set POINTER VALUE, fail ..., cancel, save,\n"
+    "                    reset (exit status 0 done, 1 refused, 2 no answer)\n";
 
 static int parse_descriptor(const std::string &word)
 {
@@ -40,9 +41,10 @@ static std::filesystem::path default_ipc_dir()
 
 options parse_options(int argc, char **argv)
 {
-    enum choice { ipc_dir = 1, control, state, disk, trace, ready_fd, ask, help };
+    enum choice { ipc_dir = 1, control, board, state, disk, trace, ready_fd, ask, help };
     static constexpr option known[] = {{"ipc-dir", required_argument, nullptr, ipc_dir},
                                        {"control", required_argument, nullptr, control},
+                                       {"board", required_argument, nullptr, board},
                                        {"state", required_argument, nullptr, state},
                                        {"disk", required_argument, nullptr, disk},
                                        {"trace", optional_argument, nullptr, trace},
@@ -61,6 +63,9 @@ options parse_options(int argc, char **argv)
             break;
         case control:
             read.control = optarg;
+            break;
+        case board:
+            read.board = optarg;
             break;
         case state:
             read.state = optarg;

@@ -11,6 +11,7 @@ namespace ipmcd
 struct options {
     std::filesystem::path ipc_dir;  // $ZENTRO_IPC_DIR, or /run/zentro
     std::filesystem::path control;  // <ipc_dir>/control
+    std::string board = "default";  // a built-in one, or the path of a file
     std::optional<std::filesystem::path> state;
     std::optional<std::filesystem::path> disk;
     bool trace = false;

@@ -10,6 +10,8 @@ answer_frame service::answer_to(const request_frame &request, const std::optiona
 {
     if (ordered && ordered->kind == fault_kind::code)
         return {request, completion(ordered->value)};
+    if (ordered && ordered->kind == fault_kind::cancel)
+        board.cancel_reservations();
     byte_writer data;
     answer_frame answer(request, board.execute(request.netfn, request.lun, request.command, request.data, data));
     if (answer.code == completion::ok)

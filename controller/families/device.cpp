@@ -1,5 +1,6 @@
-/// What the controller says of itself, and its cold reset.
+/// What the controller says of itself, and its cold reset. Who tells the sensors' records is the board's to say.
 #include "controller/controller.h"
+#include "controller/families/firmware.h"
 #include "controller/text.h"
 
 namespace ipmcd
@@ -13,23 +14,37 @@ constexpr uint8_t provides_device_sdrs = 0x80;
 
 struct device_state {
     uint8_t device_id = 0x20;
-    uint8_t revision = 1;  // 0 to 15
-    uint8_t firmware_major = 1;
-    uint8_t firmware_minor = 0;  // 0 to 99
-    bool device_sdrs = false;    // sensors tell their own records, beside or instead of the SDR repository
-    uint8_t support = 0;         // IPMI 2.0, Get Device ID, additional device support: a bit for each function present
+    uint8_t revision = 1;      // 0 to 15
+    bool device_sdrs = false;  // sensors tell their own records, beside or instead of the SDR repository
+    uint8_t support = 0;       // additional device support: a bit for each function present
     uint16_t product = 1;
     uint32_t cold_resets = 0;  // so far
 };
 
+// IPMI 2.0, Get Device ID, additional device support
+constexpr uint8_t chassis_device = 0x80, sel_device = 0x04, sdr_repository = 0x02, sensor_device = 0x01;
+
+device_state factory_state(const board_description &board)
+{
+    uint8_t support = chassis_device | sel_device;
+    if (board.has_repository())
+        support |= sdr_repository;
+    if (!board.sensors.empty())
+        support |= sensor_device;
+    return {.device_sdrs = board.has_device_sdrs(), .support = support};
+}
+
 class device final : public family
 {
 public:
-    explicit device(controller &owner) : restart_of_all(owner.timers().make_timer([&owner] { owner.restart(); })) {}
+    explicit device(controller &own)
+        : owner(own), state(factory_state(own.description())), firmware(own.shared<running_firmware>().version)
+    {
+    }
 
     const char *name() const override { return "device"; }
     std::span<const command> commands() const override;
-    void reset() override { state = {}; }
+    void reset() override;
     json to_json() const override;
     void from_json(const json &json) override;
 
@@ -39,8 +54,9 @@ private:
     completion get_device_id(byte_reader &request, byte_writer &answer);
     completion cold_reset(byte_reader &request, byte_writer &answer);
 
+    controller &owner;
     device_state state;
-    std::unique_ptr<timer> restart_of_all;
+    firmware_version &firmware;
 };
 
 uint8_t to_bcd(uint8_t number) { return uint8_t(number / 10 << 4 | number % 10); }
@@ -48,45 +64,47 @@ uint8_t to_bcd(uint8_t number) { return uint8_t(number / 10 << 4 | number % 10);
 completion device::get_device_id(byte_reader &, byte_writer &answer)
 {
     answer.u8(state.device_id).u8(uint8_t(state.revision | (state.device_sdrs ? provides_device_sdrs : 0)));
-    answer.u8(state.firmware_major).u8(to_bcd(state.firmware_minor)).u8(ipmi_version_2_0).u8(state.support);
+    answer.u8(firmware.major).u8(to_bcd(firmware.minor)).u8(ipmi_version_2_0).u8(state.support);
     answer.bytes(oem_iana).u16le(state.product);
     return completion::ok;
 }
 
-/// The answer still goes out.
+void device::reset()
+{
+    state = factory_state(owner.description());
+    firmware = {};
+}
+
 completion device::cold_reset(byte_reader &, byte_writer &)
 {
     state.cold_resets++;
-    restart_of_all->start(std::chrono::milliseconds(0));
+    owner.restart_soon();
     return completion::ok;
 }
 
 json device::to_json() const
 {
-    return {{"device_id", state.device_id},
-            {"revision", state.revision},
-            {"firmware_major", state.firmware_major},
-            {"firmware_minor", state.firmware_minor},
-            {"device_sdrs", state.device_sdrs},
-            {"support", state.support},
-            {"product", state.product},
-            {"cold_resets", state.cold_resets}};
+    return {{"device_id", state.device_id},     {"revision", state.revision},       {"firmware_major", firmware.major},
+            {"firmware_minor", firmware.minor}, {"device_sdrs", state.device_sdrs}, {"support", state.support},
+            {"product", state.product},         {"cold_resets", state.cold_resets}};
 }
 
 void device::from_json(const json &json)
 {
     device_state wanted = state;
+    firmware_version wanted_firmware = firmware;
     json_fields fields(json, "/device");
     fields.number("device_id", wanted.device_id, 0, 255);
     fields.number("revision", wanted.revision, 0, 15);
-    fields.number("firmware_major", wanted.firmware_major, 0, 127);
-    fields.number("firmware_minor", wanted.firmware_minor, 0, 99);
+    fields.number("firmware_major", wanted_firmware.major, 0, largest_firmware_major);
+    fields.number("firmware_minor", wanted_firmware.minor, 0, largest_firmware_minor);
     fields.boolean("device_sdrs", wanted.device_sdrs);
     fields.number("support", wanted.support, 0, 255);
     fields.number("product", wanted.product, 0, 65535);
     fields.number("cold_resets", wanted.cold_resets, 0, UINT32_MAX);
     fields.done();
     state = wanted;
+    firmware = wanted_firmware;
 }
 
 std::string words_of_device_id(byte_reader &data)

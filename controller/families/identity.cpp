@@ -1,5 +1,5 @@
-/// By what the board is known: an identifier for whoever manages it remotely, and the system serial number that the
-/// host's SMBIOS tables report.
+/// By what the board is known: an identifier for whoever manages it remotely, the name under which its web pages are
+/// found, and the system serial number that the host's SMBIOS tables report.
 #include "controller/controller.h"
 #include "controller/families/pieces.h"
 #include "controller/text.h"
@@ -11,11 +11,13 @@ namespace
 {
 
 constexpr size_t longest_id = 64, longest_id_piece = 16;
+constexpr size_t longest_host_name = 255, longest_host_name_piece = 18;
 constexpr size_t longest_serial_number = 22, longest_serial_piece = 18;
 constexpr uint8_t more_pieces = 0x80;  // in the offset of a piece of the serial number
 
 struct identity_state {
     std::string remote_manage_id;
+    std::string web_host;  // a name or an address
     std::string serial_number = "SIM-0001";
     bool smbios_is_open = false;  // somebody is writing the SMBIOS tables
 };
@@ -34,6 +36,7 @@ private:
     static const command table[];
 
     completion write_id(byte_reader &request, byte_writer &answer);
+    completion write_web_host(byte_reader &request, byte_writer &answer);
     completion open_smbios(byte_reader &request, byte_writer &answer);
     completion write_serial_number(byte_reader &request, byte_writer &answer);
 
@@ -41,6 +44,7 @@ private:
 
     identity_state state;
     text_in_pieces id{longest_id, longest_id_piece};
+    text_in_pieces web_host{longest_host_name, longest_host_name_piece};
     text_in_pieces serial_number{longest_serial_number, longest_serial_piece};
 };
 
@@ -49,6 +53,7 @@ void identity::take_over(const identity_state &wanted)
 {
     state = wanted;
     id.start_anew();
+    web_host.start_anew();
     serial_number.start_anew();
 }
 
@@ -59,16 +64,27 @@ void identity::restart()
     take_over(kept);
 }
 
-completion identity::write_id(byte_reader &request, byte_writer &answer)
+/// Whether more pieces follow, and the offset, stand in front of this one.
+completion take_numbered_piece(text_in_pieces &pieces, byte_reader &request, byte_writer &answer, std::string &whole)
 {
     const uint8_t more = request.u8();
     if (more > 1)
         return completion::invalid_field;
     const uint8_t offset = request.u8();
-    const completion code = id.take(offset, more == 1, request, state.remote_manage_id);
+    const completion code = pieces.take(offset, more == 1, request, whole);
     if (code == completion::ok)
         answer.bytes(oem_iana);
     return code;
+}
+
+completion identity::write_id(byte_reader &request, byte_writer &answer)
+{
+    return take_numbered_piece(id, request, answer, state.remote_manage_id);
+}
+
+completion identity::write_web_host(byte_reader &request, byte_writer &answer)
+{
+    return take_numbered_piece(web_host, request, answer, state.web_host);
 }
 
 /// Whoever opens while it is open begins anew: the writer before him may be gone.
@@ -94,6 +110,7 @@ completion identity::write_serial_number(byte_reader &request, byte_writer &)
 json identity::to_json() const
 {
     return {{"remote_manage_id", state.remote_manage_id},
+            {"web_host", state.web_host},
             {"serial_number", state.serial_number},
             {"smbios_is_open", state.smbios_is_open}};
 }
@@ -103,24 +120,14 @@ void identity::from_json(const json &json)
     identity_state wanted = state;
     json_fields fields(json, "/identity");
     fields.text("remote_manage_id", wanted.remote_manage_id, longest_id);
+    fields.text("web_host", wanted.web_host, longest_host_name);
     fields.text("serial_number", wanted.serial_number, longest_serial_number);
     fields.boolean("smbios_is_open", wanted.smbios_is_open);
     fields.done();
     take_over(wanted);
 }
 
-/// "offset 16, \"text\", more follow"; stands on the length of the piece.
-std::string words_of_piece(unsigned offset, bool more_follow, byte_reader &piece)
-{
-    const uint8_t length = piece.u8();
-    const auto bytes = piece.bytes(length);
-    std::string characters(bytes.begin(), bytes.end());
-    std::ranges::replace_if(
-        characters, [](char c) { return c < 0x20 || c > 0x7E; }, '?');
-    return text("offset %u, \"%s\", %s", offset, characters.c_str(), more_follow ? "more follow" : "last");
-}
-
-std::string words_of_id(byte_reader &data)
+std::string words_of_numbered_piece(byte_reader &data)
 {
     const bool more_follow = data.u8() != 0;
     const uint8_t offset = data.u8();
@@ -146,7 +153,14 @@ const command identity::table[] = {
      .name = "Write Remote Manage ID",
      .length = {3, 3 + longest_id_piece},
      .run = call<&identity::write_id>,
-     .request_words = words_of_id},
+     .request_words = words_of_numbered_piece},
+    {.netfn = netfn::oem,
+     .number = 0x93,
+     .lead = oem(0x05, 0x18),
+     .name = "Write Web Host Name",
+     .length = {4, 3 + longest_host_name_piece},  // a name cannot be cleared
+     .run = call<&identity::write_web_host>,
+     .request_words = words_of_numbered_piece},
     {.netfn = netfn::oem,
      .number = 0x90,
      .lead = leading_bytes(0x20, oem_iana[0], oem_iana[1], oem_iana[2]),

@@ -3,6 +3,7 @@
 
 #include "controller/bytes.h"
 #include "controller/completion.h"
+#include "controller/text.h"
 
 #include <algorithm>
 #include <string>
@@ -41,5 +42,16 @@ private:
     size_t longest, longest_part;
     std::string collected;
 };
+
+/// "offset 16, \"text\", more follow", for the trace; stands on the byte that says how long the piece is.
+inline std::string words_of_piece(unsigned offset, bool more_follow, byte_reader &piece)
+{
+    const uint8_t length = piece.u8();
+    const auto bytes = piece.bytes(length);
+    std::string characters(bytes.begin(), bytes.end());
+    std::ranges::replace_if(
+        characters, [](char c) { return c < 0x20 || c > 0x7E; }, '?');
+    return text("offset %u, \"%s\", %s", offset, characters.c_str(), more_follow ? "more follow" : "last");
+}
 
 }  // namespace ipmcd

@@ -2,6 +2,7 @@
 #include "controller/controller.h"
 #include "controller/disk.h"
 #include "controller/families/host.h"
+#include "controller/families/pictures.h"
 #include "controller/text.h"
 
 namespace ipmcd
@@ -12,20 +13,18 @@ namespace
 
 constexpr char folder[] = "tmp/screen";
 
-struct screen_state {
-    bool asleep = false;     // a screen asleep is black
-    uint32_t snapshots = 0;  // taken so far; the last one's picture has this number
-};
-
 class screen final : public family
 {
 public:
-    explicit screen(controller &owner) : board(owner), computer(owner.shared<host>()) {}
+    explicit screen(controller &owner)
+        : board(owner), computer(owner.shared<host>()), pictures(owner.shared<screen_pictures>())
+    {
+    }
 
     const char *name() const override { return "screen"; }
     std::span<const command> commands() const override;
-    void reset() override { state = {}; }
-    json to_json() const override { return {{"asleep", state.asleep}, {"snapshots", state.snapshots}}; }
+    void reset() override;
+    json to_json() const override { return {{"asleep", asleep}, {"snapshots", pictures.taken}}; }
     void from_json(const json &json) override;
 
 private:
@@ -35,8 +34,15 @@ private:
 
     controller &board;
     const host &computer;
-    screen_state state;
+    screen_pictures &pictures;
+    bool asleep = false;  // a screen asleep is black
 };
+
+void screen::reset()
+{
+    asleep = false;
+    pictures = {};
+}
 
 /// What this host shows: a portable pixmap of 32 x 18 points in one grey.
 std::string picture(bool black)
@@ -53,23 +59,24 @@ completion screen::save_snapshot(byte_reader &request, byte_writer &answer)
     if (!computer.is_on)
         return completion::not_in_this_state;  // no picture comes from a host without power
     if (wake_up == 1)
-        state.asleep = false;
+        asleep = false;
     if (board.disk())
-        write_new_file(*board.disk(), folder, text("snapshot%u.ppm", state.snapshots + 1).c_str(),
-                       picture(state.asleep));
-    state.snapshots++;
+        write_new_file(*board.disk(), folder, text("snapshot%u.ppm", pictures.taken + 1).c_str(), picture(asleep));
+    pictures.taken++;
     answer.bytes(oem_iana);
     return completion::ok;
 }
 
 void screen::from_json(const json &json)
 {
-    screen_state wanted = state;
+    bool wanted_asleep = asleep;
+    screen_pictures wanted = pictures;
     json_fields fields(json, "/screen");
-    fields.boolean("asleep", wanted.asleep);
-    fields.number("snapshots", wanted.snapshots, 0, UINT32_MAX);
+    fields.boolean("asleep", wanted_asleep);
+    fields.number("snapshots", wanted.taken, 0, UINT32_MAX);
     fields.done();
-    state = wanted;
+    asleep = wanted_asleep;
+    pictures = wanted;
 }
 
 std::string words_of_snapshot(byte_reader &data) { return data.u8() == 0 ? "as it is" : "woken up first"; }

@@ -1,6 +1,7 @@
 /// The System Event Log (IPMI 2.0, SEL commands).
 #include "controller/controller.h"
 #include "controller/families/clock.h"
+#include "controller/families/reservation.h"
 #include "controller/text.h"
 
 #include <algorithm>
@@ -51,7 +52,8 @@ public:
     const char *name() const override { return "sel"; }
     std::span<const command> commands() const override;
     void reset() override;
-    void restart() override { reservation = 0; }
+    void restart() override { cancel_reservations(); }
+    void cancel_reservations() override { reserved.cancel(); }
     json to_json() const override;
     void from_json(const json &json) override;
 
@@ -65,7 +67,6 @@ private:
     completion clear(byte_reader &request, byte_writer &answer);
 
     size_t index_of(uint16_t id) const;
-    bool is_reserved(uint16_t id) const { return reservation != 0 && id == reservation; }
     void start_erase();
     void finish_erase();
     void take_over(const sel_state &wanted);
@@ -73,15 +74,14 @@ private:
     const scheduler &machine;
     const board_clock &clock;
     sel_state state;
-    uint16_t reservation = 0;       // 0 = nobody has one
-    uint16_t last_reservation = 0;  // so that none comes twice
+    reservation reserved;
     std::unique_ptr<timer> erasure;
 };
 
 void sel::reset()
 {
     take_over({});
-    reservation = 0;
+    cancel_reservations();
 }
 
 /// An erase under way starts anew: how far it was is not part of the state.
@@ -109,9 +109,7 @@ completion sel::reserve(byte_reader &, byte_writer &answer)
 {
     if (state.erasing)
         return erase_in_progress;
-    last_reservation = last_reservation == UINT16_MAX ? uint16_t{1} : uint16_t(last_reservation + 1);
-    reservation = last_reservation;
-    answer.u16le(reservation);
+    answer.u16le(reserved.take());
     return completion::ok;
 }
 
@@ -132,7 +130,7 @@ completion sel::get_entry(byte_reader &request, byte_writer &answer)
     const size_t index = index_of(request.u16le());
     const size_t offset = request.u8();
     const size_t count = request.u8();
-    if (offset != 0 && !is_reserved(given))
+    if (offset != 0 && !reserved.is(given))
         return completion::reservation_cancelled;
     if (index >= state.records.size())
         return completion::not_present;
@@ -179,7 +177,7 @@ completion sel::clear(byte_reader &request, byte_writer &answer)
     const uint8_t action = request.u8();
     if (!std::ranges::equal(letters, magic) || (action != initiate_erase && action != get_erasure_status))
         return completion::invalid_field;
-    if (!is_reserved(given))
+    if (!reserved.is(given))
         return completion::reservation_cancelled;
     if (action == initiate_erase && !state.erasing)
         start_erase();

@@ -74,7 +74,11 @@ struct reply {
 };
 
 struct board_test : testing::Test {
-    explicit board_test(std::span<const family_maker> makers = all_families()) : board(clock, makers) {}
+    explicit board_test(std::span<const family_maker> makers = all_families(),
+                        const board_description &described = default_board())
+        : board(clock, makers, described)
+    {
+    }
 
     reply ask(uint8_t netfn, uint8_t command, const bytes &data, uint8_t lun = 0)
     {

@@ -44,6 +44,32 @@ TEST_F(control_commands, set_takes_a_whole_object)
     EXPECT_EQ(answer("show fans"), R"({"mode":"manual","timeout_s":0,"level":33})");
 }
 
+TEST_F(control_commands, show_shows_one_sensor)
+{
+    const json one = commands.answer("show sensor  CPU1   Temp");  // blanks count once
+    EXPECT_EQ(one["number"], "0x03");
+    EXPECT_EQ(one["reading"], 53.0);
+    EXPECT_EQ(answer("show sensor CPU9 Temp"), R"({"error":"CPU9 Temp: this board has no sensor of that name"})");
+}
+
+TEST_F(control_commands, set_takes_a_place_with_blanks_in_quotes)
+{
+    EXPECT_EQ(answer(R"(set "/sensors/CPU1 Temp/reading" 54)"), ok);
+    EXPECT_EQ(commands.answer("show sensors")["CPU1 Temp"]["reading"], 54.0);
+    EXPECT_EQ(answer("set /sensors/CPU1 Temp/reading 54"),
+              R"({"error":"Temp/reading 54: not JSON; a text needs double quotes"})");
+}
+
+TEST_F(control_commands, cancel_makes_reservations_void)
+{
+    EXPECT_EQ(ask(0x0A, 0x22, {}), (reply{0x00, {1, 0}}));  // Reserve SDR Repository
+    EXPECT_EQ(ask(0x0A, 0x42, {}), (reply{0x00, {1, 0}}));  // Reserve SEL
+    EXPECT_EQ(ask(0x0A, 0x23, {1, 0, 1, 0, 5, 1}).code, 0x00);
+    EXPECT_EQ(answer("cancel"), ok);
+    EXPECT_EQ(ask(0x0A, 0x23, {1, 0, 1, 0, 5, 1}).code, 0xC5);
+    EXPECT_EQ(ask(0x0A, 0x47, {1, 0, 'C', 'L', 'R', 0}).code, 0xC5);
+}
+
 TEST_F(control_commands, set_refuses_what_the_state_cannot_be)
 {
     EXPECT_EQ(answer("set /fans/level 200"),
@@ -95,14 +121,15 @@ TEST_F(control_commands, a_save_that_fails_says_so)
 
 TEST_F(control_commands, anything_else_is_refused)
 {
-    const std::string known = R"({"error":"unknown command, known are: show [NAME]; set POINTER VALUE; )"
-                              R"(fail NETFN CMD [sub=HEX] KIND [count=N] | fail clear; save; reset"})";
+    const std::string known = R"({"error":"unknown command, known are: show [NAME | sensor NAME]; set POINTER VALUE; )"
+                              R"(fail NETFN CMD [sub=HEX] KIND [count=N] | fail clear; cancel; save; reset"})";
     EXPECT_EQ(answer(""), known);
     EXPECT_EQ(answer("shows"), known);
     const std::string unknown = answer("show fan");
     EXPECT_TRUE(unknown.starts_with(R"({"error":"fan: nothing of that name, there are: device )")) << unknown;
     EXPECT_TRUE(unknown.ends_with(R"( faults traffic"})")) << unknown;
-    EXPECT_EQ(answer("show fans users"), R"({"error":"show takes one name at most"})");
+    EXPECT_EQ(answer("show fans users"), R"({"error":"show takes one name, or \"sensor\" and the name of one"})");
+    EXPECT_EQ(answer("cancel all"), R"({"error":"cancel takes no words: it makes all reservations void"})");
     EXPECT_EQ(answer("save it"), R"({"error":"save takes no words: it writes the file that --state named"})");
     EXPECT_EQ(answer("reset all"), R"({"error":"reset takes no words"})");
 }

@@ -4,6 +4,7 @@
 
 #include <fstream>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace ipmcd
 {
@@ -46,6 +47,42 @@ TEST_F(disk, what_is_there_is_never_written_over)
     write_new_file(folder.path(), "tmp", "a", "old");
     EXPECT_EQ(refusal("tmp"), "tmp/a: File exists");
     EXPECT_EQ(content_of("tmp/a"), "old");
+}
+
+TEST_F(disk, a_file_can_be_replaced)
+{
+    replace_file(folder.path(), "tmp", "a", "old");
+    replace_file(folder.path(), "tmp", "a", "new");
+    EXPECT_EQ(content_of("tmp/a"), "new");
+    std::ofstream(folder / "elsewhere") << "precious";
+    std::filesystem::create_symlink(folder / "elsewhere", folder / "tmp/b");
+    replace_file(folder.path(), "tmp", "b", "new");  // the link goes, not what it leads to
+    EXPECT_EQ(content_of("tmp/b"), "new");
+    EXPECT_EQ(content_of("elsewhere"), "precious");
+    std::filesystem::create_directory(folder / "tmp/c");
+    EXPECT_THROW(replace_file(folder.path(), "tmp", "c", "new"), std::runtime_error);
+}
+
+TEST_F(disk, only_regular_files_are_opened)
+{
+    write_new_file(folder.path(), "tmp/screen", "a", "content");
+    const auto is_open = [&](const char *path) { return open_file(folder.path(), path).get() >= 0; };
+    EXPECT_TRUE(is_open("/tmp/screen/a"));
+    EXPECT_TRUE(is_open("tmp//screen/./a"));
+    for (const char *const path : {"/tmp/screen", "/tmp/screen/", "/tmp/none", "/none/a", "/tmp/screen/a/b", "/", "",
+                                   "/tmp/../tmp/screen/a", "/tmp/.."})
+        EXPECT_FALSE(is_open(path)) << path;
+    std::filesystem::create_symlink("a", folder / "tmp/screen/link");
+    std::filesystem::create_directory_symlink("screen", folder / "tmp/pictures");
+    EXPECT_FALSE(is_open("/tmp/screen/link"));
+    EXPECT_FALSE(is_open("/tmp/pictures/a"));
+    ASSERT_EQ(mkfifo((folder / "tmp/pipe").c_str(), 0600), 0);
+    EXPECT_FALSE(is_open("/tmp/pipe"));
+    std::array<char, 16> buffer{};
+    const descriptor file = open_file(folder.path(), "/tmp/screen/a");
+    EXPECT_EQ(read(file.get(), buffer.data(), buffer.size()), 7);
+    EXPECT_EQ(std::string(buffer.data()), "content");
+    EXPECT_LT(open_file(folder / "none", "/tmp/screen/a").get(), 0);
 }
 
 TEST_F(disk, links_are_not_followed)

@@ -51,6 +51,7 @@ TEST(fault_order, each_kind_has_its_word)
     const std::pair<const char *, fault_kind> kinds[] = {
         {"code=0xC3", fault_kind::code},
         {"silence", fault_kind::silence},
+        {"cancel", fault_kind::cancel},
         {"late=0", fault_kind::late},
         {"wrong-sequence", fault_kind::wrong_sequence},
         {"wrong-netfn", fault_kind::wrong_netfn},
@@ -89,10 +90,12 @@ TEST(fault_order, a_wrong_one_is_refused_with_a_reason)
         {"30 91 sub= silence", "sub=: pairs of hexadecimal digits are needed, as in sub=0x0611"},
         {"30 91 sub=061 silence", "sub=061: pairs of hexadecimal digits are needed, as in sub=0x0611"},
         {"30 91 sub=0g silence", "sub=0g: pairs of hexadecimal digits are needed, as in sub=0x0611"},
-        {"30 91 count=2", "which kind of fault? Known are code=N, silence, late=N, wrong-sequence, wrong-netfn, "
-                          "wrong-command, wrong-address, bad-length, length=N"},
-        {"30 91 noise", "noise: unknown kind of fault, known are code=N, silence, late=N, wrong-sequence, wrong-netfn, "
-                        "wrong-command, wrong-address, bad-length, length=N"},
+        {"30 91 count=2",
+         "which kind of fault? Known are code=N, silence, cancel, late=N, wrong-sequence, wrong-netfn, "
+         "wrong-command, wrong-address, bad-length, length=N"},
+        {"30 91 noise",
+         "noise: unknown kind of fault, known are code=N, silence, cancel, late=N, wrong-sequence, wrong-netfn, "
+         "wrong-command, wrong-address, bad-length, length=N"},
     };
     for (const auto &[line, reason] : wrong)
         EXPECT_EQ(refusal(line), reason);
@@ -136,6 +139,22 @@ TEST_F(faulty_service, silence_swallows_the_request)
     EXPECT_EQ(answer_to(set_fan_level_60), silence);
     EXPECT_FALSE(is_manual());
     EXPECT_EQ(answer_to(set_fan_level_60), level_set);
+}
+
+TEST_F(faulty_service, a_reservation_is_cancelled_before_the_request_is_carried_out)
+{
+    ask(0x0A, 0x22, {});
+    // Get SDR, one byte of the first record under reservation 1: 28 and D8; 63+14+23+01+01 = 9C, so 64.
+    const bytes get_sdr = {0x00, 0x28, 0xD8, 0x63, 0x14, 0x23, 0x01, 0x00, 0x00, 0x00, 0x00, 0x01, 0x64};
+    // 63+2C = 8F, so 71; 14+23+C5 = FC, so 04.
+    const bytes cancelled = {0x63, 0x2C, 0x71, 0x00, 0x14, 0x23, 0xC5, 0x04};
+    EXPECT_NE(answer_to(get_sdr), cancelled);
+    fail("0A 23 cancel");
+    EXPECT_EQ(answer_to(get_sdr), cancelled);
+    EXPECT_EQ(answer_to(get_sdr), cancelled);  // it takes a new reservation
+    EXPECT_EQ(faults.to_json().size(), 0U);
+    fail("2C 15 cancel");
+    EXPECT_EQ(answer_to(set_fan_level_60), level_set);  // nothing to do with reservations
 }
 
 TEST_F(faulty_service, a_late_answer_is_whole)

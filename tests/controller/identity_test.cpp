@@ -20,6 +20,13 @@ struct identity : traced {
         data.insert(data.end(), piece.begin(), piece.end());
         return ask(0x30, 0x90, data);
     }
+    reply write_web_host(uint8_t more, uint8_t offset, const std::string &piece)
+    {
+        bytes data = {0xD9, 0x7E, 0x00, 0x05, 0x18, more, offset, uint8_t(piece.size())};
+        data.insert(data.end(), piece.begin(), piece.end());
+        return ask(0x30, 0x93, data);
+    }
+    std::string web_host() const { return state_of("identity")["web_host"]; }
     std::string id() const { return state_of("identity")["remote_manage_id"]; }
     std::string serial() const { return state_of("identity")["serial_number"]; }
 };
@@ -27,7 +34,7 @@ struct identity : traced {
 TEST_F(identity, of_the_factory)
 {
     EXPECT_EQ(state_of("identity").dump(),
-              R"({"remote_manage_id":"","serial_number":"SIM-0001","smbios_is_open":false})");
+              R"({"remote_manage_id":"","web_host":"","serial_number":"SIM-0001","smbios_is_open":false})");
 }
 
 TEST_F(identity, an_id_of_one_piece)
@@ -132,6 +139,31 @@ TEST_F(identity, half_a_serial_number_is_forgotten)
     EXPECT_EQ(serial(), "SIM-0001");
 }
 
+TEST_F(identity, a_web_host_name_comes_in_pieces_of_18)
+{
+    const std::string name = "bmc." + std::string(251, 'x');  // 255 characters, the most there can be
+    for (size_t offset = 0; offset < 252; offset += 18)
+        EXPECT_EQ(write_web_host(1, uint8_t(offset), name.substr(offset, 18)), done_oem);
+    EXPECT_EQ(web_host(), "");
+    EXPECT_EQ(write_web_host(0, 252, "xxxx"), (reply{0xC8, {}}));
+    EXPECT_EQ(write_web_host(0, 252, "xxx"), done_oem);
+    EXPECT_EQ(web_host(), name);
+    EXPECT_EQ(write_web_host(0, 0, "10.0.0.7"), done_oem);
+    EXPECT_EQ(web_host(), "10.0.0.7");
+}
+
+TEST_F(identity, a_wrong_piece_of_a_web_host_name_changes_nothing)
+{
+    write_web_host(0, 0, "bmc");
+    EXPECT_EQ(write_web_host(0, 0, ""), (reply{0xC7, {}}));
+    EXPECT_EQ(write_web_host(0, 0, std::string(19, 'x')), (reply{0xC7, {}}));
+    EXPECT_EQ(write_web_host(0, 18, "x"), (reply{0xC9, {}}));
+    EXPECT_EQ(write_web_host(2, 0, "x"), (reply{0xCC, {}}));
+    EXPECT_EQ(write_web_host(0, 0, "b	c"), (reply{0xCC, {}}));
+    EXPECT_EQ(ask(0x30, 0x93, {0xD9, 0x7E, 0x00, 0x05, 0x18, 0, 0, 2, 'x'}), (reply{0xC7, {}}));
+    EXPECT_EQ(web_host(), "bmc");
+}
+
 TEST_F(identity, a_serial_number_has_1_to_22_characters)
 {
     open(1);
@@ -144,12 +176,15 @@ TEST_F(identity, a_serial_number_has_1_to_22_characters)
 
 TEST_F(identity, is_kept_in_the_state)
 {
-    board.from_json({{"identity", {{"remote_manage_id", "r"}, {"serial_number", "s"}, {"smbios_is_open", true}}}});
+    board.from_json(
+        {{"identity",
+          {{"remote_manage_id", "r"}, {"web_host", "w"}, {"serial_number", "s"}, {"smbios_is_open", true}}}});
     EXPECT_EQ(write_serial(0, "t"), done);
-    EXPECT_EQ(state_of("identity").dump(), R"({"remote_manage_id":"r","serial_number":"t","smbios_is_open":true})");
+    EXPECT_EQ(state_of("identity").dump(),
+              R"({"remote_manage_id":"r","web_host":"w","serial_number":"t","smbios_is_open":true})");
     for (const json &wrong :
          {json{{"remote_manage_id", std::string(65, 'x')}}, json{{"serial_number", std::string(23, 'x')}},
-          json{{"smbios_is_open", 1}}, json{{"name", "x"}}})
+          json{{"web_host", std::string(256, 'x')}}, json{{"smbios_is_open", 1}}, json{{"name", "x"}}})
         EXPECT_THROW(board.from_json({{"identity", wrong}}), bad_state) << wrong;
 }
 
@@ -159,6 +194,8 @@ TEST_F(identity, in_words)
               (expected{"request 30/94 Write Remote Manage ID: D9 7E 00 1F 01 0C 01 00 02 61 07 "
                         "(offset 0, \"a?\", more follow)",
                         "answer  CC invalid data field in request"}));
+    EXPECT_EQ(lines(0x30, 0x93, {0xD9, 0x7E, 0x00, 0x05, 0x18, 0, 0, 2, 'a', 'b'})[0],
+              "request 30/93 Write Web Host Name: D9 7E 00 05 18 00 00 02 61 62 (offset 0, \"ab\", last)");
     EXPECT_EQ(lines(0x30, 0x90, {0x20, 0xD9, 0x7E, 0x00, 1}),
               (expected{"request 30/90 Write SMBIOS: 20 D9 7E 00 01 (begin)", "answer  00 done"}));
     EXPECT_EQ(lines(0x30, 0x90, {0x04, 0x00, 0x06, 0x03, 0x80, 2, 'a', 'b'})[0],

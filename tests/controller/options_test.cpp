@@ -34,6 +34,7 @@ TEST(command_line, has_defaults)
     const options read = parse({});
     EXPECT_EQ(read.ipc_dir, "/run/zentro");
     EXPECT_EQ(read.control, "/run/zentro/control");
+    EXPECT_EQ(read.board, "default");
     EXPECT_FALSE(read.state || read.disk || read.trace || read.trace_file || read.ready_fd || read.question ||
                  read.help);
 }
@@ -50,10 +51,11 @@ TEST(command_line, the_environment_names_the_folder)
 
 TEST(command_line, everything_can_be_said)
 {
-    const options read = parse({"--ipc-dir=/b", "--control", "/c", "--state", "s", "--disk", "d", "--trace=t",
-                                "--ready-fd", "7", "--ask", "show fans", "--help"});
+    const options read = parse({"--ipc-dir=/b", "--control", "/c", "--board", "device-sdrs", "--state", "s", "--disk",
+                                "d", "--trace=t", "--ready-fd", "7", "--ask", "show fans", "--help"});
     EXPECT_EQ(read.ipc_dir, "/b");
     EXPECT_EQ(read.control, "/c");
+    EXPECT_EQ(read.board, "device-sdrs");
     EXPECT_EQ(read.state, "s");
     EXPECT_EQ(read.disk, "d");
     EXPECT_TRUE(read.trace);

@@ -339,6 +339,42 @@ TEST_F(ipmcd_process, saves_its_state_at_the_end_and_loads_it_at_the_start)
     EXPECT_EQ(ask("show fans"), "0 {\"mode\":\"manual\",\"timeout_s\":30,\"level\":60}\n");
 }
 
+TEST_F(ipmcd_process, sits_on_the_board_it_is_given)
+{
+    const auto file = folder / "board.json";
+    std::ofstream(file) << R"({"board": "mine", "records": [{"record": "other", "type": "0xC0", "body": "D9 7E 00"}]})";
+    {
+        const auto running = start({"--board", file});
+        EXPECT_EQ(ask("show sdr"), "0 {\"board\":\"mine\",\"source\":\"repository\",\"records\":1,\"sensors\":0,"
+                                   "\"largest_read\":255}\n");
+    }
+    const auto running = start({"--board", "short-reads"});
+    EXPECT_NE(ask("show sdr").find("\"largest_read\":24"), std::string::npos);
+}
+
+TEST_F(ipmcd_process, a_board_that_cannot_be_read_is_an_error)
+{
+    const auto file = folder / "board.json";
+    const auto running = run({"--board", file});
+    EXPECT_EQ(running->end(), "");
+    EXPECT_EQ(running->status, 1);
+    EXPECT_EQ(content_of(errors), "ipmcd: board " + file.string() + ": No such file or directory\n");
+    EXPECT_FALSE(std::filesystem::exists(ipc));
+}
+
+TEST_F(ipmcd_process, the_state_of_another_board_is_refused)
+{
+    const auto first = start({"--state", state});
+    first->signal(SIGTERM);
+    first->end();
+    std::ofstream(folder / "board.json")
+        << R"({"board": "mine", "records": [{"record": "other", "type": "0xC0", "body": ""}]})";
+    const auto running = run({"--state", state, "--board", folder / "board.json"});
+    EXPECT_EQ(running->end(), "");
+    EXPECT_EQ(running->status, 1);
+    EXPECT_NE(content_of(errors).find("board \"mine\" has no such sensor"), std::string::npos);
+}
+
 TEST_F(ipmcd_process, a_broken_state_file_is_refused_and_kept)
 {
     std::ofstream(state) << "{\"ipmcd_state\": 1, \"fans\"";

@@ -45,7 +45,7 @@ TEST_F(traced, the_device)
 {
     EXPECT_EQ(lines(0x06, 0x01, {}),
               (expected{"request 06/01 Get Device ID",
-                        "answer  00 done: 20 01 01 00 02 00 D9 7E 00 01 00 (device 0x20, firmware 1.00)"}));
+                        "answer  00 done: 20 01 01 00 02 87 D9 7E 00 01 00 (device 0x20, firmware 1.00)"}));
 }
 
 TEST_F(traced, refused_requests_say_why)

@@ -8,6 +8,8 @@ namespace ipmcd
 {
 
 struct traced : board_test {
+    using board_test::board_test;
+
     /// What one request and its answer look like.
     std::vector<std::string> lines(uint8_t netfn, uint8_t command, const bytes &data)
     {
