@@ -1,5 +1,5 @@
-/// Adding, deleting and re-passwording users. All three ask for the caller's own password first and leave a record of
-/// every outcome.
+/// Adding, deleting and re-passwording users. All three ask for the caller's own password before they change anything,
+/// and leave a record of every outcome.
 #pragma once
 
 #include "cli/registry.h"

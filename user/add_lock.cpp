@@ -52,7 +52,7 @@ bool add_user_lock::take()
             return false;
         }
         if (!wait_for_lock(file)) {
-            release();
+            release();  // Kept: the file goes, though another run may hold its lock
             g_error_code = error_lock;
             return false;
         }

@@ -73,8 +73,6 @@ int caller_user()
     return account > account_base && account - account_base < user_limit ? int(account - account_base) : -1;
 }
 
-static constexpr uint8_t check_password_function = 0x11;
-
 int verify_caller_password()
 {
     static constexpr uint8_t check = 0x00, wrong_password = 0x82;

@@ -17,7 +17,8 @@ extern user_entry user_table[user_limit];
 ///   returns  1 = filled; 0 = not, and g_error_code says why
 int refresh_user_table();
 
-/// The id of the user with exactly this name; user_limit (18) = none, as for an empty name.
+/// The id of the user with exactly this name; user_limit (18) = none, as for an empty name. Kept: records of failures
+/// show that 18 as the user's id.
 uint8_t find_user(const char *name);
 
 /// The user id behind the login that runs the tool: account 500 + id, root counts as user 2. -1 = none.
@@ -27,6 +28,9 @@ int caller_user();
 ///   returns  0 = it is right; -1 = it is not, or cannot be checked; the reason is printed, except that nothing is said
 ///            of a failed refresh and of a caller without a user
 int verify_caller_password();
+
+/// The OEM function that checks a password, and that unlocks who failed too often.
+constexpr uint8_t check_password_function = 0x11;
 
 /// Set User Name. An empty name clears the slot.
 ipmi_request set_user_name_request(uint8_t user, const char *name);

@@ -79,8 +79,8 @@ void vos_task_delay_us(unsigned microseconds)
     sleep_for(microseconds / 1000000, long(microseconds % 1000000) * 1000);
 }
 
-/// Any characters but ':' and '\' and control characters, the first neither '#' nor a blank. Whether a name is empty or
-/// too long is judged by who stores it.
+/// Any characters but ':' and '\', the first neither '#' nor a blank. Control characters are refused too: they would
+/// break up the lines of records and lists. Whether a name is empty or too long is judged by who stores it.
 int vos_check_username(const char *name)
 {
     if (name == nullptr || *name == '#' || *name == ' ')

@@ -337,6 +337,21 @@ $ cfgtool -d adduser
 | Insufficient privilege level
 do failed early
 
+# adduser: nor may one whose privilege is not answered
+uid 503
+$ cfgtool -d adduser -v carol
+> 06 44  01 03  < silent
+|"Select OutTime \r\n"
+| send 'Get User Access Command' failed!
+do failed early
+
+# adduser: nor one whose privilege is refused
+uid 503
+$ cfgtool -d adduser -v carol
+> 06 44  01 03  < CC
+| Get User Access Command failed!
+do failed early
+
 # adduser: one word behind -v
 $ cfgtool -d adduser
 $ cfgtool -d adduser -v

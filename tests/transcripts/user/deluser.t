@@ -107,6 +107,21 @@ $ cfgtool -d deluser
 | Insufficient privilege level
 log 1 User "Delete user fail,EvtCode:0x111005A1"
 
+# deluser: nor may one whose privilege is not answered
+uid 503
+$ cfgtool -d deluser -v bob
+> 06 44  01 03  < silent
+|"Select OutTime \r\n"
+| send 'Get User Access Command' failed!
+log 1 User "Delete user fail,EvtCode:0x111005A1"
+
+# deluser: nor one whose privilege is refused
+uid 503
+$ cfgtool -d deluser -v bob
+> 06 44  01 03  < CC
+| Get User Access Command failed!
+log 1 User "Delete user fail,EvtCode:0x111005A1"
+
 # deluser: a name, no more and no less
 $ cfgtool -d deluser
 $ cfgtool -d deluser -v

@@ -91,6 +91,21 @@ $ cfgtool -d passwordcomplexity
 | Insufficient privilege level
 log 1 User "Enable/Disable local user password complexity check fail, EvtCode:0x11100BD1"
 
+# passwordcomplexity: nor may one whose privilege is not answered
+uid 503
+$ cfgtool -d passwordcomplexity -v enable
+> 06 44  01 03  < silent
+|"Select OutTime \r\n"
+| send 'Get User Access Command' failed!
+log 1 User "Enable/Disable local user password complexity check fail, EvtCode:0x11100BD1"
+
+# passwordcomplexity: nor one whose privilege is refused
+uid 503
+$ cfgtool -d passwordcomplexity -v enable
+> 06 44  01 03  < CC
+| Get User Access Command failed!
+log 1 User "Enable/Disable local user password complexity check fail, EvtCode:0x11100BD1"
+
 # passwordcomplexity: an administrator may
 uid 503
 $ cfgtool -d passwordcomplexity -v enable

@@ -119,6 +119,21 @@ $ cfgtool -d privilege -v bob 4
 | Insufficient privilege level
 log 1 User "Modify user privilege(administrator) fail,EvtCode:0x11100591"
 
+# privilege: nor may one whose privilege is not answered
+uid 503
+$ cfgtool -d privilege -v bob 4
+> 06 44  01 03  < silent
+|"Select OutTime \r\n"
+| send 'Get User Access Command' failed!
+log 1 User "Modify user privilege(administrator) fail,EvtCode:0x11100591"
+
+# privilege: nor one whose privilege is refused
+uid 503
+$ cfgtool -d privilege -v bob 4
+> 06 44  01 03  < CC
+| Get User Access Command failed!
+log 1 User "Modify user privilege(administrator) fail,EvtCode:0x11100591"
+
 # privilege: an operator may not, and his number is not judged
 uid 503
 $ cfgtool -d privilege -v bob many

@@ -84,6 +84,19 @@ $ cfgtool -d remotemanageid
 > 06 44  01 03  < 00 11 02 00 33
 | Insufficient privilege level
 
+# remotemanageid: nor may one whose privilege is not answered
+uid 503
+$ cfgtool -d remotemanageid -v rack7
+> 06 44  01 03  < silent
+|"Select OutTime \r\n"
+| send 'Get User Access Command' failed!
+
+# remotemanageid: nor one whose privilege is refused
+uid 503
+$ cfgtool -d remotemanageid -v rack7
+> 06 44  01 03  < CC
+| Get User Access Command failed!
+
 # remotemanageid: an administrator may
 uid 503
 $ cfgtool -d remotemanageid -v rack7

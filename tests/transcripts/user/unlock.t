@@ -75,6 +75,21 @@ $ cfgtool -t user -d unlock
 | Insufficient privilege level
 do failed early
 
+# unlock: nor may one whose privilege is not answered
+uid 503
+$ cfgtool -t user -d unlock -v bob
+> 06 44  01 03  < silent
+|"Select OutTime \r\n"
+| send 'Get User Access Command' failed!
+do failed early
+
+# unlock: nor one whose privilege is refused
+uid 503
+$ cfgtool -t user -d unlock -v bob
+> 06 44  01 03  < CC
+| Get User Access Command failed!
+do failed early
+
 # unlock: a name, no more and no less
 $ cfgtool -t user -d unlock
 $ cfgtool -t user -d unlock -v
