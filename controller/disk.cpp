@@ -71,17 +71,62 @@ void replace_file(const std::filesystem::path &disk, const std::filesystem::path
     write_file(disk, folder, name, content, true);
 }
 
-descriptor open_file(const std::filesystem::path &disk, const std::filesystem::path &path)
+/// Opens the folder as far as there is one.
+static descriptor open_folders(const std::filesystem::path &disk, const std::filesystem::path &folder)
 {
     descriptor at(open(disk.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    for (const auto &part : path.relative_path().parent_path())
+    for (const auto &part : folder)
         at = part == ".." ? descriptor() : open_folder(at.get(), part);
-    // Not to wait for a writer, should it be a pipe.
-    descriptor file(openat(at.get(), path.filename().c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-    struct stat seen {
-    };
+    return at;
+}
+
+/// A regular file; whether it is one shows when it is open, and a pipe is not waited for.
+static descriptor open_regular(const descriptor &at, const char *name, int how, struct stat &seen)
+{
+    descriptor file(openat(at.get(), name, how | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     const bool is_regular = fstat(file.get(), &seen) == 0 && S_ISREG(seen.st_mode);
     return is_regular ? std::move(file) : descriptor();
+}
+
+bool append_to_file(const std::filesystem::path &disk, const std::filesystem::path &folder, const char *name,
+                    size_t length, std::string_view content)
+{
+    const descriptor at = open_folders(disk, folder);
+    struct stat seen {
+    };
+    const descriptor file = open_regular(at, name, O_WRONLY | O_APPEND, seen);
+    // With a second name it may be anybody's file.
+    if (file.get() < 0 || seen.st_nlink != 1 || size_t(seen.st_size) != length)
+        return false;
+    try {
+        write_whole(file.get(), content, disk / folder / name);
+    } catch (const std::runtime_error &) {
+        if (ftruncate(file.get(), seen.st_size) != 0)
+            unlinkat(at.get(), name, 0);  // it is no longer what it was: the caller has what belongs into it
+        throw;
+    }
+    return true;
+}
+
+bool rename_file(const std::filesystem::path &disk, const std::filesystem::path &folder, const char *from,
+                 const char *to)
+{
+    const descriptor at = open_folders(disk, folder);
+    if (at.get() < 0)
+        return false;
+    if (renameat(at.get(), from, at.get(), to) == 0)
+        return true;
+    if (errno == ENOENT)
+        return false;
+    refuse(disk / folder / from);
+}
+
+descriptor open_file(const std::filesystem::path &disk, const std::filesystem::path &path)
+{
+    struct stat seen {
+    };
+    const descriptor at = open_folders(disk, path.relative_path().parent_path());
+    return open_regular(at, path.filename().c_str(), O_RDONLY, seen);
 }
 
 }  // namespace ipmcd

@@ -19,6 +19,16 @@ void write_new_file(const std::filesystem::path &disk, const std::filesystem::pa
 void replace_file(const std::filesystem::path &disk, const std::filesystem::path &folder, const char *name,
                   std::string_view content);
 
+/// Adds to the end of a file that is `length` bytes long. False, and nothing is written: it is not a regular file of
+/// that length and of this name alone. Throws as above; the file is then as it was, or gone.
+bool append_to_file(const std::filesystem::path &disk, const std::filesystem::path &folder, const char *name,
+                    size_t length, std::string_view content);
+
+/// Gives a file of a folder another name there, in place of the file that has it. False: there is none to rename.
+/// Throws as above.
+bool rename_file(const std::filesystem::path &disk, const std::filesystem::path &folder, const char *from,
+                 const char *to);
+
 /// Opens a file for reading, by its path on the controller: "/tmp/image.hpm". The descriptor is -1 when there is no
 /// regular file of that name.
 descriptor open_file(const std::filesystem::path &disk, const std::filesystem::path &path);

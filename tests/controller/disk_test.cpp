@@ -63,6 +63,43 @@ TEST_F(disk, a_file_can_be_replaced)
     EXPECT_THROW(replace_file(folder.path(), "tmp", "c", "new"), std::runtime_error);
 }
 
+TEST_F(disk, files_grow_when_they_are_as_long_as_expected)
+{
+    write_new_file(folder.path(), "tmp", "a", "old");
+    EXPECT_TRUE(append_to_file(folder.path(), "tmp", "a", 3, "new"));
+    EXPECT_EQ(content_of("tmp/a"), "oldnew");
+    EXPECT_FALSE(append_to_file(folder.path(), "tmp", "a", 3, "x"));
+    EXPECT_FALSE(append_to_file(folder.path(), "tmp", "none", 0, "x"));
+    EXPECT_FALSE(append_to_file(folder.path(), "none", "a", 0, "x"));
+    EXPECT_FALSE(append_to_file(folder.path(), "tmp/..", "a", 0, "x"));
+    EXPECT_EQ(names_in(folder.path() / "tmp"), (std::set<std::string>{"a"}));
+}
+
+TEST_F(disk, only_a_file_of_one_name_grows)
+{
+    write_new_file(folder.path(), "tmp", "a", "old");
+    std::filesystem::create_symlink("a", folder / "tmp/link");
+    EXPECT_FALSE(append_to_file(folder.path(), "tmp", "link", 3, "new"));
+    ASSERT_EQ(mkfifo((folder / "tmp/pipe").c_str(), 0600), 0);
+    EXPECT_FALSE(append_to_file(folder.path(), "tmp", "pipe", 0, "new"));
+    std::filesystem::create_hard_link(folder / "tmp/a", folder / "tmp/b");
+    EXPECT_FALSE(append_to_file(folder.path(), "tmp", "a", 3, "new"));
+    EXPECT_EQ(content_of("tmp/a"), "old");
+}
+
+TEST_F(disk, a_file_takes_the_name_of_another)
+{
+    write_new_file(folder.path(), "tmp", "a", "young");
+    write_new_file(folder.path(), "tmp", "b", "old");
+    EXPECT_TRUE(rename_file(folder.path(), "tmp", "a", "b"));
+    EXPECT_EQ(content_of("tmp/b"), "young");
+    EXPECT_FALSE(rename_file(folder.path(), "tmp", "a", "b"));
+    EXPECT_FALSE(rename_file(folder.path(), "none", "a", "b"));
+    std::filesystem::create_directory(folder / "tmp/c");
+    EXPECT_THROW(rename_file(folder.path(), "tmp", "b", "c"), std::runtime_error);
+    EXPECT_EQ(content_of("tmp/b"), "young");
+}
+
 TEST_F(disk, only_regular_files_are_opened)
 {
     write_new_file(folder.path(), "tmp/screen", "a", "content");

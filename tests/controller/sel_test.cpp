@@ -1,5 +1,9 @@
 #include "tests/controller/traced.h"
 
+#include <fstream>
+#include <stdio.h>
+#include <unistd.h>
+
 namespace ipmcd
 {
 
@@ -267,6 +271,253 @@ TEST_F(sel, speaks_in_the_trace)
                         "answer  00 done: 01 (completed)"}));
     EXPECT_EQ(lines(0x0A, 0x47, {1, 0, 'C', 'L', 'R', 9})[0],
               "request 0A/47 Clear SEL: 01 00 43 4C 52 09 (reservation 1, action 0x09)");
+}
+
+// On the disk ---------------------------------------------------------------------------------------------------------
+
+struct sel_on_disk : sel {
+    sel_on_disk() { board.use_disk(folder.path()); }
+
+    std::filesystem::path file(const char *name) const { return folder / "data/share/sel" / name; }
+    bytes content_of(const std::filesystem::path &path) const
+    {
+        std::ifstream in(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+    bytes live() const { return content_of(file("sel.bin")); }
+    void put(const char *name, const bytes &content) const
+    {
+        std::filesystem::create_directories(folder / "data/share/sel");
+        std::ofstream(file(name), std::ios::binary) << std::string(content.begin(), content.end());
+    }
+    std::set<std::string> names() const { return names_in(folder / "data/share/sel"); }
+    /// The log that is packed in an archive.
+    bytes packed(const char *name) const
+    {
+        const std::string command = "tar -xzOf " + file(name).string() + " dev/shm/save/reboot_file/sel_bak.bin";
+        FILE *const tar = popen(command.c_str(), "r");
+        bytes content;
+        for (int c; (c = fgetc(tar)) != EOF;)
+            content.push_back(uint8_t(c));
+        EXPECT_EQ(pclose(tar), 0);
+        return content;
+    }
+
+    /// A record as it is in the log.
+    static bytes stored(uint16_t id, uint8_t number, uint8_t type = 0x02)
+    {
+        return {uint8_t(id), uint8_t(id >> 8), type, 0,    0,    0,   0, 0x20, 0x00, 0x04,
+                0x01,        number,           0x01, 0x59, 0x40, 0x38};
+    }
+    static bytes log_of(unsigned count, uint8_t number)
+    {
+        bytes all;
+        for (unsigned i = 0; i < count; i++) {
+            const bytes one = stored(uint16_t(i + 1), number);
+            all.insert(all.end(), one.begin(), one.end());
+        }
+        return all;
+    }
+    void fill(uint8_t number)
+    {
+        json records = json::array();
+        for (unsigned i = 0; i < 1024; i++)
+            records.push_back(hex(stored(uint16_t(i + 1), number)));
+        board.from_json({{"sel", {{"records", records}}}});
+    }
+
+    scratch_folder folder;
+};
+
+static bytes operator+(bytes left, const bytes &right)
+{
+    left.insert(left.end(), right.begin(), right.end());
+    return left;
+}
+
+TEST_F(sel_on_disk, each_record_is_there_at_once)
+{
+    add(0x30);
+    EXPECT_EQ(live(), stored(1, 0x30));
+    add(0x31, 0xC0);
+    EXPECT_EQ(live(), stored(1, 0x30) + stored(2, 0x31, 0xC0));
+    EXPECT_EQ(names(), (std::set<std::string>{"sel.bin"}));
+}
+
+TEST_F(sel_on_disk, an_erase_leaves_an_empty_file)
+{
+    add(0x30);
+    reserve();
+    clear(1, erase);
+    clock.advance(999ms);
+    EXPECT_EQ(live().size(), 16U);
+    clock.advance(1ms);
+    EXPECT_TRUE(std::filesystem::exists(file("sel.bin")));
+    EXPECT_EQ(live(), bytes());
+}
+
+TEST_F(sel_on_disk, so_does_the_state_of_the_factory)
+{
+    put("sel.bin", log_of(3, 0x30));
+    board.reset();
+    EXPECT_EQ(live(), bytes());
+    EXPECT_EQ(entry(1), not_there);
+}
+
+TEST_F(sel_on_disk, the_log_that_is_there_goes_on)
+{
+    put("sel.bin", stored(7, 0x30) + stored(9, 0x31));
+    EXPECT_EQ(entry(0xFFFF).data, (bytes{0xFF, 0xFF} + stored(2, 0x31)));
+    EXPECT_EQ(add(0x32).data, (bytes{3, 0}));
+    EXPECT_EQ(live(), stored(7, 0x30) + stored(9, 0x31) + stored(3, 0x32));
+}
+
+TEST_F(sel_on_disk, the_log_that_is_there_shows)
+{
+    put("sel.bin", stored(1, 0x30));
+    EXPECT_EQ(state_of("sel")["records"], json::array({hex(stored(1, 0x30))}));
+}
+
+TEST_F(sel_on_disk, a_state_that_is_loaded_is_older_than_the_log)
+{
+    bytes last = stored(2, 0x31);
+    last[4] = 1;  // at 256 s
+    put("sel.bin", stored(1, 0x31) + last);
+    board.from_json({{"sel", {{"records", {hex(stored(1, 0x30))}}, {"last_addition", 5}, {"last_erase", 6}}}});
+    EXPECT_EQ(entry(1).data, (bytes{2, 0} + stored(1, 0x31)));
+    EXPECT_EQ(state_of("sel")["last_addition"], 256);
+    EXPECT_EQ(state_of("sel")["last_erase"], 6);
+    EXPECT_EQ(live(), stored(1, 0x31) + last);
+}
+
+TEST_F(sel_on_disk, a_disk_without_a_log_gets_that_of_the_state)
+{
+    board.from_json({{"sel", {{"records", {hex(stored(1, 0x30))}}}}});
+    EXPECT_EQ(info().data[1], 1);
+    EXPECT_EQ(live(), stored(1, 0x30));
+}
+
+TEST_F(sel_on_disk, a_state_that_is_set_is_written)
+{
+    add(0x30);
+    json state = board.to_json()["sel"];
+    state["records"] = {hex(stored(1, 0x40)), hex(stored(2, 0x41))};
+    board.from_json({{"sel", state}});
+    EXPECT_EQ(live(), stored(1, 0x40) + stored(2, 0x41));
+}
+
+TEST_F(sel_on_disk, a_piece_of_a_record_is_none)
+{
+    put("sel.bin", log_of(2, 0x30) + bytes(8, 0x77));
+    EXPECT_EQ(add(0x31).data, (bytes{3, 0}));
+    EXPECT_EQ(live(), log_of(2, 0x30) + stored(3, 0x31));
+}
+
+TEST_F(sel_on_disk, a_file_that_went_comes_back_whole)
+{
+    add(0x30);
+    std::filesystem::remove_all(folder / "data");
+    add(0x31);
+    EXPECT_EQ(live(), stored(1, 0x30) + stored(2, 0x31));
+}
+
+TEST_F(sel_on_disk, a_full_log_becomes_an_archive)
+{
+    put("sel.bin", log_of(1023, 0x30));
+    EXPECT_EQ(add(0x31), (reply{0x00, {0x00, 0x04}}));
+    EXPECT_EQ(names(), (std::set<std::string>{"sel.bin"}));  // it is full now; nothing was lost
+    reserve();
+    clock.advance(9s);
+    EXPECT_EQ(add(0x32), (reply{0x00, {0x01, 0x00}}));
+    EXPECT_EQ(names(), (std::set<std::string>{"sel.bin", "sel_1.tar.gz"}));
+    EXPECT_EQ(packed("sel_1.tar.gz"), log_of(1023, 0x30) + stored(1024, 0x31));
+    bytes last = stored(1, 0x32);
+    last[3] = 9;
+    EXPECT_EQ(live(), last);
+    // One record, added and taken out at 9 s; no event was lost.
+    EXPECT_EQ(info().data, (bytes{0x51, 1, 0, 0xF0, 0x3F, 9, 0, 0, 0, 9, 0, 0, 0, 0x02}));
+    EXPECT_EQ(clear(1, status), cancelled);  // its records are others now
+}
+
+TEST_F(sel_on_disk, there_are_five_archives_at_most)
+{
+    info();  // the disk is known
+    for (uint8_t number = 1; number <= 6; number++) {
+        fill(number);
+        EXPECT_EQ(add(0).code, 0x00);
+    }
+    EXPECT_EQ(names(), (std::set<std::string>{"sel.bin", "sel_1.tar.gz", "sel_2.tar.gz", "sel_3.tar.gz", "sel_4.tar.gz",
+                                              "sel_5.tar.gz"}));
+    EXPECT_EQ(packed("sel_1.tar.gz"), log_of(1024, 6));
+    EXPECT_EQ(packed("sel_5.tar.gz"), log_of(1024, 2));
+}
+
+TEST_F(sel_on_disk, a_log_that_cannot_be_archived_is_full)
+{
+    put("sel.bin", log_of(1024, 0x30));
+    std::filesystem::create_directories(file("archive.new"));
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(add(0x31), (reply{0xC4, {}}));
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("archive.new: File exists"), std::string::npos);
+    EXPECT_EQ(info().data[13], 0x82);
+    EXPECT_EQ(live(), log_of(1024, 0x30));
+    std::filesystem::remove(file("archive.new"));
+    EXPECT_EQ(add(0x31).code, 0x00);
+    EXPECT_EQ(packed("sel_1.tar.gz"), log_of(1024, 0x30));
+    EXPECT_EQ(info().data[13], 0x02);
+}
+
+TEST_F(sel_on_disk, what_is_no_log_of_this_controller_becomes_an_archive)
+{
+    const bytes too_long = log_of(1025, 0x30), unknown_type = stored(1, 0x30) + stored(2, 0x30, 0x03);
+    for (const bytes &content : {too_long, unknown_type}) {
+        controller other(clock);
+        put("sel.bin", content);
+        other.use_disk(folder.path());
+        EXPECT_EQ(other.to_json()["sel"]["records"], json::array());
+        EXPECT_EQ(packed("sel_1.tar.gz"), content);
+        EXPECT_EQ(live(), bytes());
+    }
+}
+
+TEST_F(sel_on_disk, what_is_no_log_and_cannot_be_archived_stays)
+{
+    put("sel.bin", log_of(1025, 0x30));
+    std::filesystem::create_directories(file("archive.new"));
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(add(0x31).code, 0x00);
+    EXPECT_NE(testing::internal::GetCapturedStderr(), "");
+    EXPECT_EQ(live(), log_of(1025, 0x30));
+    EXPECT_EQ(state_of("sel")["records"].size(), 1U);
+}
+
+TEST_F(sel_on_disk, links_are_not_followed)
+{
+    const bytes precious = log_of(1, 0x77);
+    put("precious", precious);
+    std::filesystem::create_symlink("precious", file("sel.bin"));
+    EXPECT_EQ(entry(1), not_there);
+    add(0x30);
+    EXPECT_EQ(live(), stored(1, 0x30));
+    std::filesystem::remove(file("sel.bin"));
+    std::filesystem::create_hard_link(file("precious"), file("sel.bin"));
+    add(0x31);
+    EXPECT_EQ(live(), stored(1, 0x30) + stored(2, 0x31));
+    EXPECT_EQ(content_of(file("precious")), precious);
+}
+
+TEST_F(sel_on_disk, a_linked_folder_gets_nothing)
+{
+    std::filesystem::create_directories(folder / "elsewhere");
+    std::filesystem::create_directories(folder / "data/share");
+    std::filesystem::create_directory_symlink(folder / "elsewhere", folder / "data/share/sel");
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(add(0x30).code, 0x00);  // the log goes on all the same
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("data/share/sel: Not a directory"), std::string::npos);
+    EXPECT_TRUE(names_in(folder / "elsewhere").empty());
+    std::filesystem::remove(folder / "data/share/sel");
+    EXPECT_EQ(add(0x31).code, 0x00);
+    EXPECT_EQ(live(), stored(1, 0x30) + stored(2, 0x31));
 }
 
 }  // namespace ipmcd
