@@ -61,8 +61,15 @@ public:
     }
     void put(const char *text, size_t count)
     {
-        for (; count > 0; --count)
-            put(*text++);
+        while (count > 0) {
+            if (used == sizeof buffer)
+                flush();
+            const size_t part = std::min(count, sizeof buffer - used);
+            memcpy(buffer + used, text, part);
+            used += part;
+            text += part;
+            count -= part;
+        }
     }
     void put(const char *text) { put(text, strlen(text)); }
 
@@ -97,10 +104,10 @@ static void put_number(csv_file &csv, unsigned long number)
     csv.put(first, size_t(digits + sizeof digits - first));
 }
 
-static void put_two_digits(csv_file &csv, unsigned value)
+static void set_two_digits(char *place, unsigned value)
 {
-    csv.put(char('0' + value / 10));
-    csv.put(char('0' + value % 10));
+    place[0] = char('0' + value / 10);
+    place[1] = char('0' + value % 10);
 }
 
 static const char *severity_text(unsigned severity)
@@ -109,11 +116,11 @@ static const char *severity_text(unsigned severity)
     return severity < 255 ? val_to_str(severity, severities) : "unknown";
 }
 
-/// The seconds for which one date and one offset from UTC hold, and that date.
+/// The seconds for which one date and one offset from UTC hold, and that date with the time looked for last.
 struct local_day {
     int64_t first = 1, end = 0;  // holds for none yet
     int64_t midnight = 0;
-    char date[sizeof "YYYY-MM-DD"] = "";
+    char text[sizeof "YYYY-MM-DD  HH:MM:SS"] = "";
 
     bool holds(int64_t seconds) const { return first <= seconds && seconds < end; }
 };
@@ -137,7 +144,7 @@ static void look_up(int64_t seconds, local_day &day)
     day.midnight = seconds - (now.tm_hour * 3600 + now.tm_min * 60 + now.tm_sec);
     day.first = clock_changes ? seconds : std::max(day.midnight, utc_day);
     day.end = clock_changes ? seconds + 1 : std::min(day.midnight, utc_day) + seconds_per_day;
-    strftime(day.date, sizeof day.date, "%F", &now);
+    strftime(day.text, sizeof day.text, "%F  %H:%M:%S", &now);
 }
 
 /// Date and time, two blanks between them; nothing for a record that has no time stamp.
@@ -154,13 +161,11 @@ static void put_time(csv_file &csv, const sel_record &record, int32_t offset_s, 
     if (!day.holds(seconds))
         look_up(seconds, day);
     const auto of_day = unsigned(seconds - day.midnight);
-    csv.put(day.date, sizeof day.date - 1);
-    csv.put("  ", 2);
-    put_two_digits(csv, of_day / 3600);
-    csv.put(':');
-    put_two_digits(csv, of_day / 60 % 60);
-    csv.put(':');
-    put_two_digits(csv, of_day % 60);
+    char *const time = day.text + sizeof "YYYY-MM-DD  " - 1;
+    set_two_digits(time, of_day / 3600);
+    set_two_digits(time + 3, of_day / 60 % 60);
+    set_two_digits(time + 6, of_day % 60);
+    csv.put(day.text, sizeof day.text - 1);
 }
 
 /// What stands for a sensor, made once for each that occurs.
@@ -207,15 +212,27 @@ static void put_sensor(csv_file &csv, const sel_record &record)
 /// A comma would begin the next column.
 static void put_description(csv_file &csv, const char *description)
 {
-    for (; description != nullptr && *description != '\0'; ++description)
-        csv.put(*description == ',' ? '.' : *description);
+    if (description == nullptr)
+        return;
+    for (;; ++description) {
+        const size_t part = strcspn(description, ",");
+        csv.put(description, part);
+        description += part;
+        if (*description == '\0')
+            return;
+        csv.put('.');
+    }
 }
 
 static void put_event_code(csv_file &csv, unsigned long code)
 {
     static constexpr char digits[] = "0123456789ABCDEF";
-    for (int shift = 28; shift >= 0; shift -= 4)
-        csv.put(digits[code >> shift & 0x0F]);
+    char text[8];
+    for (char &digit : text) {
+        digit = digits[code >> 28 & 0x0F];
+        code <<= 4;
+    }
+    csv.put(text, sizeof text);
 }
 
 /// What lasts from one line to the next.
@@ -286,26 +303,30 @@ public:
     }
 
 private:
+    /// Where a block cannot be read, the records of it that can still be are read one by one.
     bool fill(const char *csv_path)
     {
-        in_block = std::min(size_t(left), block_records);
-        if (lseek(file, off_t(left - long(in_block)) * off_t(record_size), SEEK_SET) < 0) {
-            say("%s: fseek %s failed", "sel_bin2txt", csv_path);
-            return false;
+        for (;; most_at_once = 1) {
+            in_block = std::min(size_t(left), most_at_once);
+            if (lseek(file, off_t(left - long(in_block)) * off_t(record_size), SEEK_SET) < 0) {
+                say("%s: fseek %s failed", "sel_bin2txt", csv_path);
+                return false;
+            }
+            const size_t got = read_up_to(file, block, in_block * record_size);
+            if (got == in_block * record_size)
+                return true;
+            if (in_block == 1) {
+                say("%s: fread %s failed, len=%d ", "sel_bin2txt", path, int(got));
+                return false;
+            }
         }
-        const size_t last = (in_block - 1) * record_size;
-        const size_t got = read_up_to(file, block, in_block * record_size);
-        if (got == in_block * record_size)
-            return true;
-        say("%s: fread %s failed, len=%d ", "sel_bin2txt", path, int(got > last ? got - last : 0));
-        return false;
     }
 
     static uint8_t block[block_records * record_size];  // one file is read at a time
     const char *const path;
     long left;
     const int file;
-    size_t in_block = 0;
+    size_t in_block = 0, most_at_once = block_records;
 };
 uint8_t sel_file::block[block_records * record_size];
 
@@ -330,7 +351,7 @@ int sel_bin2txt(const char *sel_path, const char *csv_path)
             vos_task_delay(20);
     }
     csv.flush();
-    if (!csv.good())
+    if (!csv.good())  // A table cut short, as by a full disk, must not pass for a whole one.
         return refuse("%s: fwrite %s failed", "sel_bin2txt", csv_path);
     return 1;
 }

@@ -6,7 +6,11 @@
 #include "oplog/oplog.h"
 #include "platform/platform.h"
 #include "sel/csv.h"
+#include "sel/own_folder.h"
+#include "sel/unpack.h"
 
+#include <algorithm>
+#include <climits>
 #include <cstdio>
 #include <cstring>
 #include <dirent.h>
@@ -16,15 +20,13 @@
 int export_progress;
 
 static constexpr char sel_folder[] = "/data/share/sel/";
-static constexpr char work_folder[] = "/tmp/sel_temp/";
-static constexpr char unpacked_folder[] = "/tmp/dev/";
-static constexpr char unpacked_log[] = "/tmp/dev/shm/save/reboot_file/sel_bak.bin";
+static constexpr own_folder work_folder = {"/tmp/sel_temp/", "/tmp/sel_temp"};
 static constexpr char result_archive[] = "/tmp/sel.tar";
 
 static constexpr size_t name_size = 128, path_size = name_size + sizeof sel_folder;
 static constexpr int max_files = 10;
 
-// Folders -----------------------------------------------------------------------------------------------------------
+static bool is_dot(const char *name) { return strcmp(name, ".") == 0 || strcmp(name, "..") == 0; }
 
 int enum_files(const char *directory, char *names, size_t size, int maximum)
 {
@@ -33,7 +35,7 @@ int enum_files(const char *directory, char *names, size_t size, int maximum)
         return refuse("%s: opendir(%s) failed", "enum_files", directory);
     int count = 0;
     while (const dirent *entry = readdir(folder)) {
-        if (strcmp(entry->d_name, ".") == 0 || strcmp(entry->d_name, "..") == 0)
+        if (is_dot(entry->d_name))
             continue;
         snprintf(names + size_t(count) * size, size, "%s", entry->d_name);
         if (++count == maximum) {
@@ -45,72 +47,89 @@ int enum_files(const char *directory, char *names, size_t size, int maximum)
     return count;
 }
 
-/// The file type of a path itself, not of what a link leads to; 0 = there is nothing.
-static mode_t type_of(const char *path)
+/// A log brought to the work folder, and the table to be made of it.
+struct log_pair {
+    char bin[path_size], csv[path_size];
+    timespec brought;  // when the log was last changed
+};
+
+// The work folder ---------------------------------------------------------------------------------------------------
+
+static timespec last_change(const char *path)
 {
     struct stat about;
-    return lstat(path, &about) == 0 ? about.st_mode & S_IFMT : 0;
+    return lstat(path, &about) == 0 ? about.st_ctim : timespec{};
 }
 
-/// Removes a folder, named with a "/" at its end. A link that somebody has put in its place goes, and what it leads to
-/// stays.
-static void remove_folder(const char *folder)
+static bool is_brought_log(const char *path, const log_pair *pairs, int brought)
 {
-    char bare[path_size];
-    snprintf(bare, sizeof bare, "%.*s", int(strlen(folder)) - 1, folder);
-    if (type_of(bare) == S_IFLNK)
-        unlink(bare);
-    vos_rm_filepath(folder);
+    const timespec now = last_change(path);
+    return std::any_of(pairs, pairs + brought, [path, now](const log_pair &pair) {
+        return strcmp(path, pair.bin) == 0 && pair.brought.tv_sec == now.tv_sec && pair.brought.tv_nsec == now.tv_nsec;
+    });
 }
 
-/// A regular file, and no part of the way to it is a link.
-static bool is_plain_file(const char *path)
+/// Once an archive has been unpacked, which may hold a work folder too: only the logs brought before stay in ours.
+static bool take_back_work_folder(const log_pair *pairs, int brought)
 {
-    char part[path_size];
-    for (const char *slash = strchr(path + 1, '/'); slash != nullptr; slash = strchr(slash + 1, '/')) {
-        snprintf(part, sizeof part, "%.*s", int(slash - path), path);
-        if (type_of(part) != S_IFDIR)
-            return false;
+    if (!take_back_folder(work_folder.name) && !make_folder(work_folder))
+        return false;
+    DIR *folder = opendir(work_folder.path);
+    if (folder == nullptr)
+        return false;
+    while (const dirent *entry = readdir(folder)) {
+        char path[sizeof "/tmp/sel_temp/" + NAME_MAX];
+        snprintf(path, sizeof path, "%s%s", work_folder.path, entry->d_name);
+        if (!is_dot(entry->d_name) && !is_brought_log(path, pairs, brought))
+            remove_anything(path);
     }
-    return type_of(path) == S_IFREG;
+    closedir(folder);
+    return true;
+}
+
+/// An empty one, even where one of ours cannot be removed.
+static bool make_work_folder()
+{
+    remove_folder(work_folder);
+    umask(22);  // Kept: decimal, 026 in octal
+    return make_folder(work_folder) && take_back_work_folder(nullptr, 0);
 }
 
 // Logs --------------------------------------------------------------------------------------------------------------
 
-/// A log brought to the work folder, and the table to be made of it.
-struct log_pair {
-    char bin[path_size], csv[path_size];
-};
+static void bring_log(log_pair &pair, const char *source)
+{
+    vos_file_copy(pair.bin, source);
+    pair.brought = last_change(pair.bin);
+}
 
 static void bring_live_log(log_pair &pair)
 {
-    snprintf(pair.bin, sizeof pair.bin, "%ssel.bin", work_folder);
-    snprintf(pair.csv, sizeof pair.csv, "%ssel.csv", work_folder);
+    snprintf(pair.bin, sizeof pair.bin, "%ssel.bin", work_folder.path);
+    snprintf(pair.csv, sizeof pair.csv, "%ssel.csv", work_folder.path);
     char source[path_size];
     snprintf(source, sizeof source, "%ssel.bin", sel_folder);
-    vos_file_copy(pair.bin, source);
+    bring_log(pair, source);
 }
 
-/// Unpacks an archived log. One that holds no such log, or a link in its place, brings none.
-static void bring_archived_log(const char *name, const char *ending, log_pair &pair)
+/// An archive that holds no log, or anything but a file in its place, brings none, and the conversion tells. `brought`
+/// pairs stand before this one.
+static void bring_archived_log(const char *name, const char *ending, log_pair *pairs, int brought)
 {
+    log_pair &pair = pairs[brought];
     const int base = int(ending - name);
-    snprintf(pair.bin, sizeof pair.bin, "%s%.*s.bin", work_folder, base, name);
-    snprintf(pair.csv, sizeof pair.csv, "%s%.*s.csv", work_folder, base, name);
-    char program[] = "/bin/tar", options[] = "-zxf", folder_option[] = "-C", folder[] = "/tmp/";
+    snprintf(pair.bin, sizeof pair.bin, "%s%.*s.bin", work_folder.path, base, name);
+    snprintf(pair.csv, sizeof pair.csv, "%s%.*s.csv", work_folder.path, base, name);
     char archive[path_size];
-    snprintf(archive, sizeof archive, "%s%s", sel_folder, name);
-    if (type_of("/tmp/dev") == S_IFLNK)
-        unlink("/tmp/dev");
-    char *const words[] = {program, options, archive, folder_option, folder, nullptr};
-    vos_system(program, words);
-    if (!is_plain_file(unpacked_log))
-        return;
-    vos_file_copy(pair.bin, unpacked_log);
-    unlink(unpacked_log);  // or the next archive, if it holds none, would seem to hold this one
+    snprintf(archive, sizeof archive, "%s%.*s", sel_folder, int(name_size - 1), name);
+    const bool unpacked = unpack_log(archive);
+    if (take_back_work_folder(pairs, brought) && unpacked)
+        bring_log(pair, unpacked_log);
 }
 
 /// Brings every log among the names. The number of pairs.
+/// Kept: of two names with one base, as sel.bin and sel.tar.gz, the later takes the other's place, and the table of one
+/// that begins with a full stop is none of the "*" that are packed.
 static int bring_logs(const char (*names)[name_size], int count, log_pair *pairs)
 {
     int brought = 0;
@@ -118,7 +137,7 @@ static int bring_logs(const char (*names)[name_size], int count, log_pair *pairs
         if (strcmp(names[n], "sel.bin") == 0)
             bring_live_log(pairs[brought++]);
         else if (const char *ending = strstr(names[n], ".tar.gz"); ending != nullptr && strstr(names[n], "sel"))
-            bring_archived_log(names[n], ending, pairs[brought++]);
+            bring_archived_log(names[n], ending, pairs, brought++);
     }
     return brought;
 }
@@ -149,14 +168,13 @@ int pack_sel_info()
         say("%s: file_count = %d", "pack_sel_info", file_count);
         return no_export();
     }
-    remove_folder(work_folder);
-    umask(22);  // Kept: decimal, 026 in octal
-    if (mkdir(work_folder, 0777) != 0)
-        return no_export();  // somebody else's lies there
+    if (!make_work_folder())
+        return no_export();
 
     const int count = bring_logs(names, file_count, pairs);
     convert_logs(pairs, count);
-    tar_gzip_pack(work_folder, "*", result_archive);
+    remove_anything(result_archive);  // An archive may have brought one.
+    tar_gzip_pack(work_folder.path, "*", result_archive);
     remove_folder(unpacked_folder);
     remove_folder(work_folder);
     export_progress = 100;

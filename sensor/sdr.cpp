@@ -24,6 +24,15 @@ void sdr_diagnose(const char *format, ...)
     say_raw("\r\n");
 }
 
+/// A search that has no text of its own tells nothing of what it meets on the way either.
+static bool is_silent;
+
+static void tell(const char *text)
+{
+    if (!is_silent)
+        say("%s", text);
+}
+
 // Records -----------------------------------------------------------------------------------------------------------
 
 /// Where a record type keeps what is asked of it. Other types are read and forgotten.
@@ -171,7 +180,7 @@ static bool read_device_sdr_info(sdr_iterator &store)
     if (got.how == ipmi_outcome::end::no_answer)
         return false;
     if (!got.ok() || got.data.empty()) {
-        say("Err in cmd get sensor sdr info");
+        tell("Err in cmd get sensor sdr info");
         return false;
     }
     store.record_count = ipmi_reader(got.data).u8();
@@ -367,7 +376,7 @@ static sdr_record *read_next(sdr_iterator &store, unsigned &bodies_read)
     while (const sdr_header *header = sdr_get_next_header(store)) {
         auto *record = static_cast<sdr_record *>(calloc(1, sizeof(sdr_record)));
         if (record == nullptr) {
-            say("ipmi_sdr_find_sdr_byid: malloc failure");
+            tell("ipmi_sdr_find_sdr_byid: malloc failure");
             return nullptr;
         }
         *record = {header->id, header->type, header->length, nullptr, sdr_read_body(*header, store)};
@@ -445,9 +454,11 @@ const sdr_record *sdr_find_by_number(uint8_t number, uint8_t type)
     const wanted_record wanted{nullptr, number, type};
     if (asked_in_vain)
         return find_kept(wanted);
+    is_silent = true;
     if (iterator == nullptr)
         iterator = sdr_open();
     const sdr_record *found = iterator != nullptr ? find(*iterator, wanted) : nullptr;
+    is_silent = false;
     asked_in_vain = found == nullptr;
     return found;
 }

@@ -28,7 +28,7 @@ constexpr uint32_t error_sensor_not_found = 0x40000003, error_empty_record = 0x4
 /// three requests at the first call and two for every record read.
 ///   returns  null = none, and g_error_code says why, unless a text was printed that does
 const sdr_record *sdr_find_by_name(const char *name);
-/// The same by sensor number and type. Has no text of its own for none, and once there was none reads no further.
+/// The same by sensor number and type, but without a text of its own. Once there was none it reads no further.
 const sdr_record *sdr_find_by_number(uint8_t number, uint8_t type);
 
 /// Prints what the reader does: 1 or 3 its steps, 1 or 4 the records read. Stays 0 in the tool.

@@ -10,6 +10,7 @@ README.md beside this file tells how a transcript is written.
 
 import argparse
 import dataclasses
+import io
 import os
 import re
 import resource
@@ -20,6 +21,7 @@ import signal
 import stat
 import subprocess
 import sys
+import tarfile
 import tempfile
 import termios
 import time
@@ -84,6 +86,8 @@ class Transcript:
     closed: list = dataclasses.field(default_factory=list)  # standard descriptors
     screen: str = ""  # "full" or "gone" where nothing can be shown, "file" where it shows late
     files: list = dataclasses.field(default_factory=list)  # (kind, path, bytes)
+    archives: dict = dataclasses.field(default_factory=dict)  # path -> [(kind, member, bytes)]
+    cuts: dict = dataclasses.field(default_factory=dict)  # path -> length
     board: bytes = STANDARD_BOARD
     events: list = dataclasses.field(default_factory=list)  # what is to happen, in order
     script: list = dataclasses.field(default_factory=list)  # what the scripted platform is told
@@ -241,6 +245,12 @@ def shown_word(word):
     return repr(word)[1:] if isinstance(word, bytes) else word
 
 
+def split_path(text):
+    """A path, in quotes where it holds blanks, and what follows it."""
+    path, rest = re.fullmatch(r'("(?:[^"\\]|\\.)*"|\S+) ?(.*)', text).groups()
+    return os.fsdecode(unescape(path[1:-1])) if path.startswith('"') else path, rest
+
+
 def parse_log(transcript, line):
     """log CLASS MODULE "RECORD" [by "USER"] [from "ORIGIN"]"""
     words = list(split_call(line))
@@ -255,6 +265,16 @@ def parse_log(transcript, line):
         else:
             raise BadTranscript(f"log ... {name}?")
     transcript.events.append(("log", log_class, user, origin, module, record))
+
+
+@dataclasses.dataclass
+class LineCount:
+    """Stands for a content of so many lines."""
+
+    count: int
+
+    def __eq__(self, content):
+        return isinstance(content, bytes) and content.count(b"\r\n") == self.count and content.endswith(b"\r\n")
 
 
 def parse_screen(line):
@@ -308,9 +328,27 @@ class Reader:
         """ "escaped text", or <<MARK and the lines up to MARK, or nothing."""
         if text.startswith("<<"):
             return self.text_block(text[2:])
+        if text.startswith("hex "):
+            words = [word.partition("*") for word in text[4:].split()]
+            return b"".join(hex_bytes(self.with_bytes(word)) * int(count or 1) for word, _, count in words)
         if text.startswith('"') and text.endswith('"'):
             return unescape(text[1:-1])
         raise BadTranscript(f"neither \"text\" nor <<MARK: {text}")
+
+    def kind_and_value(self, text):
+        """What lies at a path: (kind, content)."""
+        if text in ("fifo", "folder") or text.startswith(("folder ", "link ", "zeros ")):
+            return text, b""
+        return "file", self.value(text)
+
+    def packed(self, rest):
+        """packed NAME MODE <<MARK, its lines ending in \\r\\n, or "text", or COUNT lines."""
+        name, rest = split_path(rest)
+        mode, _, value = rest.partition(" ")
+        if match := re.fullmatch(r"(\d+) lines", value):
+            return ("packed", os.fsencode(name), mode, LineCount(int(match[1])))
+        content = self.value(value)
+        return ("packed", os.fsencode(name), mode, content.replace(b"\n", b"\r\n") if value.startswith("<<") else content)
 
     def transcripts(self):
         while self.at < len(self.lines):
@@ -387,15 +425,32 @@ class Reader:
         elif verb == "board":
             transcript.board = None if rest == "none" else self.value(rest)
         elif verb in ("file", "wrote"):
-            path, _, value = rest.partition(" ")
+            path, value = split_path(rest)
             if verb == "wrote":
                 transcript.changed[path] = self.value(value)
-            elif value in ("fifo", "folder") or value.startswith("link ") or value.startswith("zeros "):
-                transcript.files.append((value, path, b""))
             else:
-                transcript.files.append(("file", path, self.value(value)))
+                kind, content = self.kind_and_value(value)
+                transcript.files.append((kind, path, content))
+        elif verb == "archive":
+            path, rest = split_path(rest)
+            member, value = split_path(rest)
+            kind, content = self.kind_and_value(value)
+            transcript.archives.setdefault(path, []).append((kind, member, content))
+        elif verb == "cut":
+            path, length = split_path(rest)
+            transcript.cuts[path] = int(length)
+        elif verb in ("owner", "fails", "damaged"):
+            transcript.script.append(f"{verb} {rest}")
+        elif verb == "event":
+            severity, code, *text = rest.split(" ", 2)
+            described = ["s:" + self.value(text[0]).hex()] if text else []
+            transcript.script.append(" ".join(["event", severity, code, *described]))
+        elif verb == "events" and rest == "shown":
+            transcript.script.append("events shown")
+        elif verb == "packed":
+            transcript.events.append(self.packed(rest))
         elif verb == "removed":
-            transcript.changed[rest] = None
+            transcript.changed[split_path(rest)[0]] = None
         elif verb == "result":
             call, *values = rest.split()
             transcript.script += [f"result {call} {value}" for value in values]
@@ -460,8 +515,9 @@ def put_file(root, kind, path, content):
     os.makedirs(os.path.dirname(place), exist_ok=True)
     if kind == "fifo":
         os.mkfifo(place)
-    elif kind == "folder":
+    elif kind.startswith("folder"):
         os.makedirs(place, exist_ok=True)
+        os.chmod(place, int(kind[7:] or "755", 8))
     elif kind.startswith("link "):
         os.symlink(kind.split()[1], place)
     else:
@@ -471,11 +527,27 @@ def put_file(root, kind, path, content):
                 file.truncate(int(kind.split()[1]))
 
 
+MEMBER_TYPES = {"file": tarfile.REGTYPE, "folder": tarfile.DIRTYPE, "fifo": tarfile.FIFOTYPE, "link": tarfile.SYMTYPE}
+
+
+def put_archive(root, path, members):
+    content = io.BytesIO()
+    with tarfile.open(fileobj=content, mode="w:gz") as archive:
+        for kind, member, text in members:
+            word, _, more = kind.partition(" ")
+            entry = tarfile.TarInfo(member)
+            entry.type, entry.size = MEMBER_TYPES[word], len(text)
+            entry.linkname = more if word == "link" else ""
+            entry.mode = int(more or "755", 8) if word == "folder" else 0o644
+            archive.addfile(entry, io.BytesIO(text))
+    put_file(root, "file", path, content.getvalue())
+
+
 def files_below(root):
     """path -> content, or a word for what is no regular file of a sensible size."""
     found = {}
-    for folder, _, names in os.walk(root):
-        for name in names:
+    for folder, inner, names in os.walk(root):
+        for name in names + [name for name in inner if os.path.islink(os.path.join(folder, name))]:
             place = os.path.join(folder, name)
             about = os.lstat(place)
             path = place[len(root) :]
@@ -513,6 +585,9 @@ def parse_trace(text):
             events.append(("screen", shown))
         elif verb == "held":
             events.append(("held", bytes.fromhex(words[0][2:]), words[1]))
+        elif verb == "packed":
+            name, mode, content = words
+            events.append(("packed", bytes.fromhex(name[2:]), mode, bytes.fromhex(content[2:])))
         elif verb == "log":
             texts = [bytes.fromhex(word[2:]) for word in words[1:]]
             events.append(("log", int(words[0]), *texts))
@@ -603,6 +678,10 @@ def play(transcript, argv, tool, platform):
         put_file(root, "file", "/data/cli.conf", transcript.board)
     for kind, path, content in transcript.files:
         put_file(root, kind, path, content)
+    for path, members in transcript.archives.items():
+        put_archive(root, path, members)
+    for path, length in transcript.cuts.items():
+        os.truncate(root + path, length)
     before = files_below(root)
 
     script = "\n".join([f"uid {transcript.uid}", f"root {root}", *transcript.script]) + "\n"

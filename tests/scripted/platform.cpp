@@ -14,8 +14,14 @@
 ///   screen file        what is said shows when it is flushed, and not at the end of each line
 ///   secret HEX         a text that the tool is to forget: every platform call looks for it in the tool's memory
 ///   modes shown        the modes that the terminal is put in stand in the trace
+///   events shown       so do the calls that look up what an event-log record says
+///   event SEVERITY CODE [s:HEX]  what the next record says; 0, 0 and an empty text when nothing is said
+///   owner UID PATH     whose lstat() says this path is, until fchown(); the tool's own user's otherwise
+///   fails CALL PATH    open(), lseek(), write() or vos_rm_filepath() of this path fails, every time
+///   damaged FROM TO PATH  from byte FROM of this file on, up to TO, nothing can be read
 /// and the trace of what happened, in the order in which an operator at a terminal sees it
 ///   send FLAGS PORT HEX | recv | sleep MICROSECONDS | screen HEX | log CLASS HEX HEX HEX HEX | call NAME ARGUMENT...
+///   packed HEX MODE HEX  a file of an archive: name, mode, content
 ///   held HEX PLACE     a secret, or some bytes of it in a row, was found when the next call was made
 ///   dumpable           a secret's key is about to be read, and others may look into the process
 ///   mode raw | mode hidden | mode shown
@@ -24,6 +30,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <csignal>
 #include <cstdarg>
 #include <cstdio>
@@ -32,10 +39,12 @@
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <filesystem>
 #include <string>
 #include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
 #include <vector>
@@ -64,6 +73,20 @@ struct secret {
 };
 constexpr size_t trace_length = 6;  // so many bytes of a secret in a row are a trace of it
 
+/// What an event-log record says.
+struct event {
+    unsigned severity = 0;
+    unsigned long code = 0;
+    bool is_described = true;
+    std::string description;
+};
+
+/// What of a file cannot be read.
+struct damage {
+    std::string path;
+    off_t from, to;
+};
+
 struct script {
     uid_t uid = 0, real_uid = 0;
     std::string root;
@@ -71,8 +94,12 @@ struct script {
     std::vector<answer> answers;
     std::vector<call_value> results, signals;
     std::vector<secret> secrets;
-    bool screen_is_file = false, modes_shown = false;
-    size_t next_send = 0, next_answer = 0;
+    std::vector<event> events;
+    std::vector<std::pair<std::string, uid_t>> owners;
+    std::vector<std::pair<std::string, std::string>> failures;  // call and path
+    std::vector<damage> damages;
+    bool screen_is_file = false, modes_shown = false, events_shown = false;
+    size_t next_send = 0, next_answer = 0, next_event = 0;
 };
 script *played;
 int trace_fd = -1;
@@ -127,6 +154,17 @@ secret make_secret(const std::string &hex)
     return made;
 }
 
+event make_event(const char *words)
+{
+    event made;
+    sscanf(words, "%u %lx", &made.severity, &made.code);
+    const char *text = strstr(words, "s:");
+    made.is_described = text != nullptr;
+    for (const unsigned char byte : unhex(made.is_described ? text + 2 : ""))
+        made.description += static_cast<char>(byte);
+    return made;
+}
+
 void take(script &to, const std::string &line)
 {
     const size_t blank = line.find(' ');
@@ -157,6 +195,21 @@ void take(script &to, const std::string &line)
         to.secrets.push_back(make_secret(rest));
     } else if (verb == "modes" && rest == "shown") {
         to.modes_shown = true;
+    } else if (verb == "events" && rest == "shown") {
+        to.events_shown = true;
+    } else if (verb == "event") {
+        to.events.push_back(make_event(rest.c_str()));
+    } else if (verb == "owner") {
+        to.owners.emplace_back(rest.substr(rest.find(' ') + 1), static_cast<uid_t>(atoi(rest.c_str())));
+    } else if (verb == "fails") {
+        const size_t at = rest.find(' ');
+        to.failures.emplace_back(rest.substr(0, at), rest.substr(at + 1));
+    } else if (verb == "damaged") {
+        damage made{};
+        int path = 0;
+        sscanf(rest.c_str(), "%ld %ld %n", &made.from, &made.to, &path);
+        made.path = rest.substr(static_cast<size_t>(path));
+        to.damages.push_back(made);
     } else if (verb == "result") {
         const size_t at = rest.find(' ');
         to.results.push_back({rest.substr(0, at), atol(rest.c_str() + at)});
@@ -299,11 +352,11 @@ long called(const char *name, const std::string &arguments = "", long otherwise 
     return result_of(name, otherwise);
 }
 
-/// Where a path of the controller lies in the run's own folder.
+/// Where a path of the controller lies in the run's own folder. One that lies there already stays.
 std::string found_at(const char *path)
 {
     static constexpr const char *folders[] = {"/data", "/ipmc", "/web", "/ko", "/tmp"};
-    if (played != nullptr && !played->root.empty())
+    if (played != nullptr && !played->root.empty() && strncmp(path, played->root.c_str(), played->root.size()) != 0)
         for (const char *folder : folders)
             if (strncmp(path, folder, strlen(folder)) == 0 && strchr("/", path[strlen(folder)]) != nullptr)
                 return played->root + path;
@@ -354,6 +407,30 @@ static routine real(const char *name)
     return reinterpret_cast<routine>(dlsym(RTLD_NEXT, name));
 }
 
+/// The controller's path of an open file.
+static std::string path_of(int file)
+{
+    char link[32], path[PATH_MAX];
+    snprintf(link, sizeof link, "/proc/self/fd/%d", file);
+    const ssize_t length = readlink(link, path, sizeof path);
+    const std::string place(path, length > 0 ? static_cast<size_t>(length) : 0);
+    return place.rfind(played->root, 0) == 0 ? place.substr(played->root.size()) : place;
+}
+
+static bool fails(const char *call, const std::string &path)
+{
+    const auto &rows = played->failures;
+    const bool found =
+        std::find(rows.begin(), rows.end(), std::pair<std::string, std::string>(call, path)) != rows.end();
+    errno = found ? EIO : errno;
+    return found;
+}
+
+static bool fails(const char *call, int file)
+{
+    return played != nullptr && !played->failures.empty() && fails(call, path_of(file));
+}
+
 /// The file opened last of those that may have to be made, and the mode they would be made in.
 static struct {
     int file = -1;
@@ -364,6 +441,8 @@ static struct {
 static int open_found(const char *name, const char *path, int flags, va_list values)
 {
     const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(values, mode_t) : 0;
+    if (played != nullptr && fails("open", std::string(path)))
+        return -1;
     const int file = real<int (*)(const char *, int, ...)>(name)(found_at(path).c_str(), flags, mode);
     if ((flags & O_CREAT) != 0)
         made = {file, path, mode};
@@ -403,17 +482,128 @@ ABI int rename(const char *from, const char *to) noexcept
 
 ABI int unlink(const char *path) noexcept { return real<int (*)(const char *)>("unlink")(found_at(path).c_str()); }
 
+/// What is there belongs to the tool's user, unless the script says otherwise.
 ABI int lstat(const char *path, struct stat *about) noexcept
 {
-    return real<int (*)(const char *, struct stat *)>("lstat")(found_at(path).c_str(), about);
+    const int result = real<int (*)(const char *, struct stat *)>("lstat")(found_at(path).c_str(), about);
+    if (result != 0 || played == nullptr)
+        return result;
+    about->st_uid = played->uid;
+    for (const auto &[owned, owner] : played->owners)
+        if (owned == path)
+            about->st_uid = owner;
+    return 0;
 }
 
+ABI int fchown(int file, uid_t owner, gid_t group) noexcept
+{
+    if (played == nullptr)
+        return real<int (*)(int, uid_t, gid_t)>("fchown")(file, owner, group);
+    const std::string path = path_of(file);
+    if (result_of("fchown") != 0) {
+        errno = EPERM;
+        return -1;
+    }
+    auto &owners = played->owners;
+    owners.erase(std::remove_if(owners.begin(), owners.end(), [&](const auto &row) { return row.first == path; }),
+                 owners.end());
+    if (owner != played->uid)
+        owners.emplace_back(path, owner);
+    return 0;
+}
+
+ABI int stat(const char *path, struct stat *about) noexcept
+{
+    return real<int (*)(const char *, struct stat *)>("stat")(found_at(path).c_str(), about);
+}
+
+/// Reads up to the damage, and fails there.
+ABI ssize_t read(int file, void *to, size_t size)
+{
+    static const auto read_on = real<ssize_t (*)(int, void *, size_t)>("read");
+    if (played == nullptr || played->damages.empty())
+        return read_on(file, to, size);
+    const off_t at = real<off_t (*)(int, off_t, int)>("lseek")(file, 0, SEEK_CUR);
+    const std::string path = path_of(file);
+    for (const damage &found : played->damages) {
+        if (found.path != path || at + static_cast<off_t>(size) <= found.from || at >= found.to)
+            continue;
+        if (at >= found.from) {
+            errno = EIO;
+            return -1;
+        }
+        size = static_cast<size_t>(found.from - at);
+    }
+    return read_on(file, to, size);
+}
+
+/// Traced with the mode that the folder got.
 ABI int mkdir(const char *path, mode_t mode) noexcept
 {
-    return real<int (*)(const char *, mode_t)>("mkdir")(found_at(path).c_str(), mode);
+    const std::string place = found_at(path);
+    if (result_of("mkdir") != 0 || real<int (*)(const char *, mode_t)>("mkdir")(place.c_str(), mode) != 0) {
+        trace("call mkdir " + quoted(path) + " failed");
+        return -1;
+    }
+    struct stat about {
+    };
+    char got[16] = "";
+    if (stat(place.c_str(), &about) == 0)
+        snprintf(got, sizeof got, " %o", about.st_mode & 07777);
+    trace("call mkdir " + quoted(path) + got);
+    return 0;
 }
 
-ABI DIR *opendir(const char *path) { return real<DIR *(*)(const char *)>("opendir")(found_at(path).c_str()); }
+/// The folder opened last: it is listed from the last name in the alphabet to the first, whatever the disk's order.
+static struct {
+    DIR *folder = nullptr;
+    std::vector<dirent> entries;
+} listed;
+
+ABI DIR *opendir(const char *path)
+{
+    DIR *folder = real<DIR *(*)(const char *)>("opendir")(found_at(path).c_str());
+    listed = {folder, {}};
+    while (folder != nullptr) {
+        const dirent *entry = real<dirent *(*)(DIR *)>("readdir")(folder);
+        if (entry == nullptr)
+            break;
+        listed.entries.push_back(*entry);
+    }
+    std::sort(listed.entries.begin(), listed.entries.end(),
+              [](const dirent &a, const dirent &b) { return strcmp(a.d_name, b.d_name) < 0; });
+    return folder;
+}
+
+/// The entry before is overwritten, as a real one may be.
+ABI dirent *readdir(DIR *folder)
+{
+    static dirent entry;
+    if (folder != listed.folder)
+        return real<dirent *(*)(DIR *)>("readdir")(folder);
+    if (listed.entries.empty())
+        return nullptr;
+    entry = listed.entries.back();
+    listed.entries.pop_back();
+    return &entry;
+}
+
+ABI int closedir(DIR *folder)
+{
+    if (folder == listed.folder)
+        listed = {};
+    return real<int (*)(DIR *)>("closedir")(folder);
+}
+
+ABI off_t lseek(int file, off_t offset, int from) noexcept
+{
+    return fails("lseek", file) ? -1 : real<off_t (*)(int, off_t, int)>("lseek")(file, offset, from);
+}
+
+ABI ssize_t write(int file, const void *from, size_t size)
+{
+    return fails("write", file) ? -1 : real<ssize_t (*)(int, const void *, size_t)>("write")(file, from, size);
+}
 
 // libc: the add-user lock -------------------------------------------------------------------------------------------
 
@@ -570,12 +760,39 @@ ABI int vos_snprintf(char *to, size_t to_size, const char *format, ...)
 ABI void vos_task_delay(unsigned int milliseconds) { slept(1000ULL * milliseconds); }
 ABI void vos_task_delay_us(unsigned int microseconds) { slept(microseconds); }
 
+/// A result that no script gives: the call does what it is asked for.
+static constexpr long unasked = LONG_MIN;
+
+static bool is_unpacker(const char *path) { return strcmp(path, "/bin/tar") == 0; }
+
+/// The archiver is really run, with the controller's folders where they lie; what it has to say is not shown.
+static int unpack(char *const argv[])
+{
+    std::vector<std::string> words;
+    for (int n = 0; argv[n] != nullptr; ++n)
+        words.push_back(found_at(argv[n]));
+    const pid_t child = fork();
+    if (child == 0) {
+        std::vector<char *> own;
+        for (std::string &word : words)
+            own.push_back(word.data());
+        own.push_back(nullptr);
+        dup2(open("/dev/null", O_WRONLY), STDERR_FILENO);
+        execv(own[0], own.data());
+        _exit(127);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
 static int run(const char *name, const char *path, char *const argv[])
 {
     std::string words = quoted(path);
     for (int n = 0; argv[n] != nullptr; ++n)
         words += " " + quoted(argv[n]);
-    return static_cast<int>(called(name, words));
+    const long result = called(name, words, is_unpacker(path) ? unasked : 0);
+    return result == unasked ? unpack(argv) : static_cast<int>(result);
 }
 ABI int vos_system(const char *path, char *const argv[]) { return run("vos_system", path, argv); }
 ABI int vos_environ_system(const char *path, char *const argv[]) { return run("vos_environ_system", path, argv); }
@@ -594,11 +811,29 @@ ABI int vos_get_file_name(const char *path, char *name, size_t name_size)
     return vos_strncpy(name, name_size, slash != nullptr ? slash + 1 : path, name_size);
 }
 
+// These two follow links wherever one can, as nothing keeps a board's from doing.
+
 ABI int vos_file_copy(const char *to, const char *from)
 {
-    return static_cast<int>(called("vos_file_copy", quoted(to) + " " + quoted(from)));
+    const long result = called("vos_file_copy", quoted(to) + " " + quoted(from), unasked);
+    std::error_code failure;
+    if (result == unasked)
+        std::filesystem::copy_file(found_at(from), found_at(to), std::filesystem::copy_options::overwrite_existing,
+                                   failure);
+    return result == unasked ? (failure ? -1 : 0) : static_cast<int>(result);
 }
-ABI int vos_rm_filepath(const char *path) { return static_cast<int>(called("vos_rm_filepath", quoted(path))); }
+
+ABI int vos_rm_filepath(const char *path)
+{
+    long result = called("vos_rm_filepath", quoted(path), unasked);
+    if (fails("vos_rm_filepath", std::string(path)))
+        result = -1;
+    std::error_code failure;
+    if (result == unasked)
+        std::filesystem::remove_all(found_at(path), failure);
+    return result == unasked ? (failure ? -1 : 0) : static_cast<int>(result);
+}
+
 ABI int vos_check_username(const char *name) { return static_cast<int>(called("vos_check_username", quoted(name))); }
 ABI int vos_check_incorrect_char(const char *text, const char *characters)
 {
@@ -666,29 +901,56 @@ ABI void CfgFileClose(void *file)
 
 // Events, archive ---------------------------------------------------------------------------------------------------
 
+/// The look-ups of a long log would be in the way.
+static int looked_up(const char *call, const std::string &arguments)
+{
+    return static_cast<int>(played->events_shown ? called(call, arguments) : result_of(call));
+}
+
+static event parsed;  // the last one
+
 ABI int event_parse_init(const char *path) { return static_cast<int>(called("event_parse_init", quoted(path), 1)); }
 
 ABI int event_parse(const unsigned char record[16], unsigned int *severity, const char **description)
 {
-    *severity = 0;
-    *description = "";
-    return static_cast<int>(called("event_parse", hex(record, 16)));
+    parsed = played->next_event < played->events.size() ? played->events[played->next_event++] : event{};
+    *severity = parsed.severity;
+    *description = parsed.is_described ? parsed.description.c_str() : nullptr;
+    return looked_up("event_parse", hex(record, played->events_shown ? 16 : 0));
 }
 
 ABI unsigned long event_get_code(const unsigned char record[16])
 {
-    return static_cast<unsigned long>(called("event_get_code", hex(record, 16)));
+    looked_up("event_get_code", hex(record, played->events_shown ? 16 : 0));
+    return parsed.code;
 }
 
+/// "Type 04h"
 ABI const char *get_sensor_type_name(unsigned char sensor_type)
 {
-    called("get_sensor_type_name", std::to_string(sensor_type));
-    return "Temperature";
+    static char names[256][sizeof "Type 00h"];
+    looked_up("get_sensor_type_name", std::to_string(sensor_type));
+    snprintf(names[sensor_type], sizeof names[sensor_type], "Type %02Xh", sensor_type);
+    return names[sensor_type];
 }
 
+/// The files are traced, and no archive is made.
 ABI int tar_gzip_pack(const char *directory, const char *pattern, const char *archive)
 {
-    return static_cast<int>(called("tar_gzip_pack", quoted(directory) + " " + quoted(pattern) + " " + quoted(archive)));
+    const long result = called("tar_gzip_pack", quoted(directory) + " " + quoted(pattern) + " " + quoted(archive));
+    std::vector<std::filesystem::directory_entry> files;
+    std::error_code failure;
+    for (const auto &file : std::filesystem::directory_iterator(found_at(directory), failure))
+        files.push_back(file);
+    std::sort(files.begin(), files.end());
+    for (const auto &file : files) {
+        const std::string content = read_all(open(file.path().c_str(), O_RDONLY | O_CLOEXEC));
+        char mode[16];
+        snprintf(mode, sizeof mode, "%o", static_cast<unsigned>(file.status().permissions()));
+        trace("packed " + quoted(file.path().filename().c_str()) + " " + mode +
+              " s:" + hex(content.data(), content.size()));
+    }
+    return static_cast<int>(result);
 }
 
 // Board access ------------------------------------------------------------------------------------------------------
