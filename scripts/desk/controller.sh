@@ -12,6 +12,8 @@ join_controller() {
     exec {alive}>>"$desk/controller/lock"
     if flock -n "$alive"; then
         start_controller
+    elif [[ -n $board && $board != "$(<"$desk/controller/board")" ]]; then
+        die "a desk is in use with board $(<"$desk/controller/board")"
     fi
     exec {alive}>&-
     flock -s "$desks_lock"
@@ -29,20 +31,28 @@ leave_controller() {
 # In the desk's own root, since the controller reads and writes /tmp as well; in a session of its own, out of reach of
 # the terminal's Ctrl-C.
 start_controller() {
-    local ready word own=$desk/controller
+    local ready word own=$desk/controller its_board=() state=state.json
     describe_sandbox 0 root
     : >"$own/trace"
+    echo "${board:-default}" >"$own/board"
+    if [[ $board == /* ]]; then
+        cp -- "$board" "$own/board.json" || die "$board cannot be read"
+        its_board=(--board /run/ipmcd/board.json)
+        state=state-of-${board##*/} # one with other sensors would not fit
+    elif [[ -n $board ]]; then
+        its_board=(--board "$board")
+    fi
     exec {ready}< <(
         exec {start_lock}>&- {desks_lock}>&-
         exec 3>&1 </dev/null >"$own/log" 2>&1
         # shellcheck disable=SC2016  # the shell inside fills in $$ and $@
         exec setsid bwrap "${sandbox[@]}" --bind "$own" /run/ipmcd -- \
             sh -c 'echo $$ >/run/ipmcd/pid && exec ipmcd "$@"' \
-            sh --disk / --state /run/ipmcd/state.json --trace=/run/ipmcd/trace --ready-fd 3
+            sh "${its_board[@]}" --disk / --state "/run/ipmcd/$state" --trace=/run/ipmcd/trace --ready-fd 3
     )
     if ! read -r word <&"$ready" || [[ $word != ready ]]; then
         show_log
-        die "the controller did not start (/run/ipmcd is $own); ./desk --reset makes it as new"
+        die "the controller did not start (/run/ipmcd is $own); ./desk --reset makes its state as new"
     fi
     exec {ready}<&-
 }

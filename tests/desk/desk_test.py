@@ -3,6 +3,7 @@
 
 DESK_BUILD names the build folder whose programs are tested (default: build in the repository).
 """
+import json
 import os
 import pty
 import re
@@ -506,6 +507,38 @@ class desk(unittest.TestCase):
         self.assertRegex(err, r"ipmcd: state file .*state\.json: not readable as JSON")
         self.assertIn("desk: the controller did not start", err)
 
+    # Its board
+
+    def sdrs(self, *options, **more):
+        return json.loads(self.output_of(*options, "ipmcd", "--ask", "show sdr", **more))
+
+    def test_board_is_chosen_for_as_long_as_the_controller_runs(self):
+        self.assertEqual(self.sdrs("--board", "device-sdrs")["source"], "device")
+        self.wait_for_controllers_end()
+        self.assertEqual(self.sdrs()["source"], "repository")
+
+    def test_board_of_ones_own(self):
+        self.output_of("cfgtool", "-d", "fanlevel", "-v", "60")
+        records = '[{"record": "full", "name": "12V", "number": 1, "type": "voltage", "at": "system board 1"}]'
+        (self.folder / "mine.json").write_text('{"board": "mine", "records": ' + records + "}")
+        for _ in range(2):
+            self.assertEqual(self.sdrs("--board=./mine.json", cwd=self.folder)["sensors"], 1)
+            self.assertIn(b'"level":60', self.output_of("ipmcd", "--ask", "show fans"))
+
+    def test_unknown_board_is_refused_with_the_known_ones(self):
+        status, out, err = self.run_desk("--board", "nosuch", "true")
+        self.assertEqual((status, out), (OWN_FAILURE, b""))
+        self.assertIn("no board of that name is built in, there are: default device-sdrs", err)
+
+    def test_another_board_is_refused_while_a_desk_is_in_use(self):
+        first = self.start("--board=short-reads", "sh", "-c", "echo in; cat", stdin=subprocess.PIPE)
+        self.assertEqual(first.stdout.readline(), b"in\n")
+        status, out, err = self.run_desk("--board", "default", "true")
+        self.assertEqual((status, out, err), (OWN_FAILURE, b"", "desk: a desk is in use with board short-reads\n"))
+        for same in ([], ["--board", "short-reads"]):
+            self.assertEqual(self.sdrs(*same)["board"], "short-reads")
+        self.leave(first)
+
     # The desk's folder
 
     def test_disk_keeps_what_the_user_changed_and_removed(self):
@@ -561,7 +594,8 @@ class desk(unittest.TestCase):
 
     def test_bad_options(self):
         for words in (["--nosuch"], ["-x"], ["--user"], ["--user", "root"], ["--user=-1"], ["--user", ""],
-                      ["--user", "9999999999"], ["--reset", "true"]):
+                      ["--user", "9999999999"], ["--reset", "true"], ["--board"], ["--board", ""],
+                      ["--board=no.such/file"]):
             status, out, err = self.run_desk(*words)
             self.assertEqual((status, out), (2, b""), words)
             self.assertIn("see ./desk --help", err)
@@ -569,7 +603,7 @@ class desk(unittest.TestCase):
 
     def test_help(self):
         out = self.output_of("--help").decode()
-        for option in ("--user", "--trace", "--reset", "DESK_DIR", "DESK_BUILD"):
+        for option in ("--user", "--board", "--trace", "--reset", "DESK_DIR", "DESK_BUILD"):
             self.assertIn(option, out)
 
     def test_options_end_where_the_command_begins(self):

@@ -5,6 +5,7 @@
     session.py --inside FILE     at a desk already
 
 A file is made of steps, complete and in order:
+    board BOARD... in the first line: the --board of the desk; with several it is played on each
     # TEXT         a claim, for the reader and for what fails
     $ COMMAND      run by bash; its exit status must be 0
     keys "TEXT"    typed at a terminal while it runs, where it waits for a line
@@ -140,7 +141,7 @@ class Session:
                 raise Different(f"{self.question}: {json.dumps(actual)}")
         elif match := re.fullmatch(r'log (\w+|"[^"]*") "(.*)"', line):
             self.records = [*(self.records or []), (match[1].strip('"'), match[2])]
-        elif line:
+        elif line and not line.startswith("board "):
             raise Different(f"what is {line!r}?")
 
     def finish_command(self, next_line):
@@ -163,16 +164,29 @@ class Session:
             raise Different(f"the log got {new}")
 
 
+def play_at_desk(path, board):
+    """The exit status of a desk of its own."""
+    folder = tempfile.mkdtemp(prefix="desk-session-")
+    try:
+        build = os.environ.get("DESK_BUILD", str(REPOSITORY / "build"))
+        desk = dict(os.environ, DESK_DIR=folder + "/desk", DESK_BUILD=build)
+        words = [REPOSITORY / "desk", "--board", board, "/usr/bin/python3", __file__, "--inside", path]
+        status = subprocess.run(words, env=desk, stdin=subprocess.DEVNULL).returncode
+        if status:
+            print(f"{path}: so it was with board {board}")
+        return status
+    finally:
+        shutil.rmtree(folder)
+
+
 def main():
     if sys.argv[1] == "--inside":
         sys.exit(1 if Session(Path(sys.argv[2])).play() else 0)
-    folder = tempfile.mkdtemp(prefix="desk-session-")
-    try:
-        desk = dict(os.environ, DESK_DIR=folder + "/desk", DESK_BUILD=os.environ.get("DESK_BUILD", str(REPOSITORY / "build")))
-        words = [REPOSITORY / "desk", "/usr/bin/python3", __file__, "--inside", Path(sys.argv[1]).resolve()]
-        sys.exit(subprocess.run(words, env=desk, stdin=subprocess.DEVNULL).returncode)
-    finally:
-        shutil.rmtree(folder)
+    path = Path(sys.argv[1]).resolve()
+    first, *boards = path.read_text().partition("\n")[0].split()
+    if first != "board":
+        boards = ["default"]
+    sys.exit(any([play_at_desk(path, board) for board in boards]))
 
 
 if __name__ == "__main__":
