@@ -21,12 +21,6 @@ static void forget_all()
     std::fill(std::begin(headers_read), std::end(headers_read), uint8_t(0));
 }
 
-static void check(bool holds)
-{
-    if (!holds)
-        abort();
-}
-
 /// What every caller may count on.
 static void use(const sdr_record *record, double value)
 {
