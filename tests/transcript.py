@@ -842,6 +842,7 @@ def main():
     options.add_argument("--platform", required=True)
     options.add_argument("--only", default="")
     options.add_argument("--trace", action="store_true")
+    options.add_argument("--no-search", action="store_true", help="for secrets in memory")
     options.add_argument("files", nargs="+")
     chosen = options.parse_args()
 
@@ -850,6 +851,8 @@ def main():
         for transcript in Reader(path).transcripts():
             if chosen.only not in transcript.title:
                 continue
+            if chosen.no_search:
+                transcript.script = [line for line in transcript.script if not line.startswith("secret ")]
             for argv in transcript.commands:
                 run = play(transcript, argv, os.path.abspath(chosen.tool), os.path.abspath(chosen.platform))
                 command = "$ " + shlex.join(argv)[:100]
