@@ -1,10 +1,20 @@
 # warnings       what every target of the tree is compiled with
+# hardened       what is delivered: a stray write finds guard words, checked buffers and read-only tables in its way
 # lean_code      the tool and the platform library: no exceptions, no run-time types, each function its own section
 # lean_program   how they are linked: libc and the platform library at run time, nothing else
 
 add_library(warnings INTERFACE)
 target_compile_options(warnings INTERFACE -Wall -Wextra -Wconversion -Wshadow -Wformat=2)
 target_include_directories(warnings INTERFACE ${PROJECT_SOURCE_DIR})
+
+# Binding every function at start makes the table of their addresses read-only. It costs each run of the tool a look-up of
+# those that it never calls, in instructions a quarter more: docs/performance.md.
+option(CFGTOOL_BIND_NOW "Bind all functions at start" ON)
+add_library(hardened INTERFACE)
+target_compile_options(hardened INTERFACE -fstack-protector-strong -fstack-clash-protection
+    $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3>) # which needs an optimising compiler
+target_link_options(hardened INTERFACE -Wl,-z,relro -Wl,-z,noexecstack
+    $<IF:$<BOOL:${CFGTOOL_BIND_NOW}>,-Wl$<COMMA>-z$<COMMA>now,-Wl$<COMMA>-z$<COMMA>lazy>)
 
 add_library(lean_code INTERFACE)
 target_link_libraries(lean_code INTERFACE warnings)
@@ -21,6 +31,7 @@ endif()
 option(CFGTOOL_PACKED_RELOCATIONS "Pack relative relocations" ${HAVE_PACKED_RELOCATIONS})
 
 add_library(lean_program INTERFACE)
+target_link_libraries(lean_program INTERFACE hardened)
 target_link_options(lean_program INTERFACE
     -static-libgcc -static-libstdc++ -Wl,--gc-sections -Wl,--as-needed -Wl,-O1 -Wl,--hash-style=gnu)
 if(CFGTOOL_PACKED_RELOCATIONS)
