@@ -1,0 +1,146 @@
+#include "verdict/document.h"
+#include "verdict/running.h"
+#include "verdict/table.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+static constexpr int status_no_work = 4, status_of_signal = 128;
+
+static constexpr char help[] =
+    "Usage: cfgtool-verdict [--json FILE] [--tool PATH] [--] [-t target] -d dataitem [-v value ...]\n"
+    "Runs cfgtool with these words and tells how that ended, as one JSON document and as its exit status.\n"
+    "  --json FILE  write the document to FILE, and the text of cfgtool to standard output;\n"
+    "               otherwise the document goes to standard output and the text to standard error\n"
+    "  --tool PATH  run this program; otherwise cfgtool beside cfgtool-verdict, or where programs are looked for\n"
+    "Exit status:\n"
+    "  0            done\n"
+    "  1            failed: something was tried and did not succeed, or not wholly\n"
+    "  2            refused: nothing was tried, and cfgtool said why\n"
+    "  3            unknown: cfgtool said nothing that tells\n"
+    "  4            cfgtool could not be run, or the document could not be written\n"
+    "  128 + N      signal N ended cfgtool\n";
+
+static int fail(const char *what, const char *why)
+{
+    fprintf(stderr, "cfgtool-verdict: %s: %s\n", what, why);
+    return status_no_work;
+}
+
+// Options -----------------------------------------------------------------------------------------------------------
+
+struct options {
+    const char *json = nullptr, *tool = nullptr;
+    bool help = false;
+    char **words;  // the tool's, behind our own
+};
+
+/// False = told why not.
+static bool take_options(char **words, options &taken)
+{
+    for (; words[0] != nullptr && strncmp(words[0], "--", 2) == 0; words += 2) {
+        if (words[0][2] == '\0') {
+            ++words;
+            break;
+        }
+        const char **const value = strcmp(words[0], "--json") == 0   ? &taken.json
+                                   : strcmp(words[0], "--tool") == 0 ? &taken.tool
+                                                                     : nullptr;
+        taken.help = strcmp(words[0], "--help") == 0;
+        if (taken.help)
+            return true;
+        if (value == nullptr || words[1] == nullptr) {
+            fail(words[0],
+                 value == nullptr ? "unknown option; see cfgtool-verdict --help" : "a word is missing behind it");
+            return false;
+        }
+        *value = words[1];
+    }
+    taken.words = words;
+    return true;
+}
+
+// The tool ----------------------------------------------------------------------------------------------------------
+
+/// The one beside us, else its bare name, to be looked for where programs are.
+static const char *find_tool()
+{
+    static constexpr char name[] = "cfgtool";
+    static char path[4096];
+    const ssize_t length = readlink("/proc/self/exe", path, sizeof path - sizeof name);
+    if (length <= 0)
+        return name;
+    path[length] = '\0';
+    char *const own_name = strrchr(path, '/');
+    if (own_name == nullptr)
+        return name;
+    memcpy(own_name + 1, name, sizeof name);
+    return access(path, X_OK) == 0 ? path : name;
+}
+
+static int exit_status(const ending &end, verdict result)
+{
+    return WIFSIGNALED(end.status) ? status_of_signal + WTERMSIG(end.status) : int(result);
+}
+
+static int run(const options &taken, FILE *document)
+{
+    static reading said;
+    static char tool_name[] = "cfgtool";
+    char **const words = taken.words - 1;  // ours or an option's, in whose place the tool's own name goes
+    words[0] = tool_name;
+    const char *const program = taken.tool != nullptr ? taken.tool : find_tool();
+    const ending end = run_tool(program, words, taken.json != nullptr ? STDOUT_FILENO : STDERR_FILENO, said);
+    if (end.error != 0)
+        return fail(program, strerror(end.error));
+
+    const command *const which = find_command(taken.words);
+    const bool ran = WIFEXITED(end.status) && WEXITSTATUS(end.status) == 0;
+    const verdict result = said.finish(ran, which);
+    if (taken.json != nullptr)
+        (void)!ftruncate(fileno(document), 0);  // what can be longer than what comes can be cut
+    print_document(document, {taken.words, which, result, WIFSIGNALED(end.status) ? WTERMSIG(end.status) : 0}, said);
+    return exit_status(end, result);
+}
+
+// -------------------------------------------------------------------------------------------------------------------
+
+/// A closed standard descriptor would be taken by the next file or pipe.
+static void fill_standard_descriptors()
+{
+    for (int descriptor = 0; descriptor <= 2; ++descriptor)
+        if (fcntl(descriptor, F_GETFD) == -1)
+            (void)open("/dev/null", O_RDWR);
+}
+
+/// Opened before anything is done; what it held is there until the new document is.
+static FILE *open_document(const char *path)
+{
+    const int file = open(path, O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+    return file >= 0 ? fdopen(file, "w") : nullptr;
+}
+
+int main(int, char **argv)
+{
+    fill_standard_descriptors();
+    options taken{};
+    if (!take_options(argv + 1, taken))
+        return status_no_work;
+    if (taken.help)
+        return fputs(help, stdout) >= 0 && fflush(stdout) == 0 ? 0 : status_no_work;
+    FILE *const document = taken.json != nullptr ? open_document(taken.json) : stdout;
+    if (document == nullptr)
+        return fail(taken.json, strerror(errno));
+
+    const int status = run(taken, document);
+    if (status == status_no_work)
+        return status;
+    if (fflush(document) != 0)
+        return fail("the document", strerror(errno));
+    return status;
+}
