@@ -3,17 +3,17 @@
 
 # Without an output when nothing is to do; $repository/build/desk.log has what the compiler said.
 make_programs() {
-    local building log=$build/desk.log
+    local building log=$build/desk.log wanted=("${programs[@]}" manual-pages)
     "$repository/scripts/install-packages" run || die 'it cannot go on without these packages.'
     mkdir -p "$build"
     exec {building}<"$build"
     flock "$building" # another desk may be building
-    if [[ -f $build/build.ninja ]] && ninja -C "$build" -n "${programs[@]}" 2>&1 | grep -q 'no work to do'; then
+    if [[ -f $build/build.ninja ]] && ninja -C "$build" -n "${wanted[@]}" 2>&1 | grep -q 'no work to do'; then
         exec {building}<&-
         return
     fi
     say 'building ...'
-    if ! { configure && ninja -C "$build" "${programs[@]}"; } >"$log" 2>&1 </dev/null; then
+    if ! { configure && ninja -C "$build" "${wanted[@]}"; } >"$log" 2>&1 </dev/null; then
         tail -n 60 "$log" >&2
         die "the build failed; all it said is in $log"
     fi

@@ -24,7 +24,7 @@ make_disk() {
         make_board
         touch "$desk/lock/disk-made"
     fi
-    (cd "$desk" && mkdir -p "${disk_folders[@]}" ipmc/bin ipmc/lib controller)
+    (cd "$desk" && mkdir -p "${disk_folders[@]}" ipmc/{bin,lib,share} controller)
 }
 
 # The files that stand for the board's devices, as data/linux-board.conf names them. Every 64 bytes of the EEPROM tell
