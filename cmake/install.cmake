@@ -1,0 +1,48 @@
+# What is installed, in components, so that a board takes the few files that it needs:
+#
+#   tool        the programs of a board
+#   platform    the platform library for plain Linux; a board with a library of its own leaves it out
+#   manual      manual pages, completion, documentation, examples
+#   dev         what it takes to write a platform library, or to use this one
+#   simulator   the simulated controller and the files of its disk
+#
+# packaging/files lists them all. Modes of files are those written here, whatever umask and checkout.
+set(file_mode OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
+set(program_mode ${file_mode} OWNER_EXECUTE GROUP_EXECUTE WORLD_EXECUTE)
+
+install(TARGETS cfgtool cfgtool-verdict RUNTIME PERMISSIONS ${program_mode} COMPONENT tool)
+
+install(TARGETS zentro_platform EXPORT platform
+        LIBRARY PERMISSIONS ${file_mode} COMPONENT platform NAMELINK_COMPONENT dev
+        INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zentro)
+install(TARGETS platform-check RUNTIME PERMISSIONS ${program_mode} COMPONENT dev)
+install(FILES packaging/platform-check.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT dev)
+
+# In a folder of the project's own, so that the line that includes it is the same in the tree and outside.
+install(FILES platform/platform.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zentro/platform COMPONENT dev)
+
+# find_package(ZentroPlatform) and pkg-config zentro-platform: what was installed may be moved, both look beside themselves.
+set(config_folder ${CMAKE_INSTALL_LIBDIR}/cmake/ZentroPlatform)
+set_target_properties(zentro_platform PROPERTIES EXPORT_NAME platform)
+install(EXPORT platform NAMESPACE ZentroPlatform:: FILE ZentroPlatformConfig.cmake DESTINATION ${config_folder}
+        COMPONENT dev)
+include(CMakePackageConfigHelpers)
+write_basic_package_version_file(ZentroPlatformConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/ZentroPlatformConfigVersion.cmake DESTINATION ${config_folder} COMPONENT dev)
+file(RELATIVE_PATH up_from_pkgconfig /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+configure_file(packaging/zentro-platform.pc.in zentro-platform.pc @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zentro-platform.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)
+
+install(FILES docs/event-table.md docs/installing.md docs/linux-platform.md docs/results.md docs/sel-export.md docs/verdict.md
+        DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT manual)
+install(FILES controller/disk/data/cli.conf packaging/examples/blacklist
+        DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT manual)
+
+if(TARGET ipmcd)
+    install(TARGETS ipmcd RUNTIME PERMISSIONS ${program_mode} COMPONENT simulator)
+    install(FILES docs/ipmcd.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT simulator)
+    install(DIRECTORY controller/disk DESTINATION ${CMAKE_INSTALL_DATADIR}/cfgtool COMPONENT simulator
+            FILE_PERMISSIONS ${file_mode}
+            PATTERN zntool PERMISSIONS ${program_mode}
+            PATTERN recorded PERMISSIONS ${program_mode})
+endif()
