@@ -1,8 +1,11 @@
 # awk -f complete.awk -- DATAITEMS VALUES BLACKLIST WORD...
 # What may follow these words of a cfgtool command line: a line for each candidate, with what it means behind a tab. A
-# line that begins with the tab stands for the name of a file. It resolves names as the tool does.
+# line that begins with the tab stands for the names of files: how those begin, a star, how those end that are no folders.
+# It resolves names as the tool does.
 
 BEGIN {
+    files["PATH"] = "/*"
+    files["IMAGE"] = "*.bin"
     read_dataitems(ARGV[1])
     read_values(ARGV[2])
     read_blacklist(ARGV[3])
@@ -179,8 +182,8 @@ function taken(list, word,    choice, count, n, any) {
 function offer_column(list,    choice, count, n) {
     count = split(list, choice, "|")
     for (n = 1; n <= count; n++)
-        if (choice[n] == "FILE")
-            offer("", "file")
+        if (choice[n] in files)
+            offer("", files[choice[n]])
         else if (!is_any(choice[n]))
             offer(word_of(choice[n]), substr(choice[n], length(word_of(choice[n])) + 2))
 }

@@ -41,7 +41,7 @@ static void print_or_null(FILE *out, std::string_view text)
 static void print_error(FILE *out, verdict result, const reading &said)
 {
     uint32_t code;
-    if (result != verdict::failed || !find_error_code(said.sentence(), said.code(), code)) {
+    if (result == verdict::unknown || !find_error_code(said.sentence(), said.code(), code)) {
         fputs("null", out);
         return;
     }
@@ -60,7 +60,9 @@ static const char *events_of(const finished_run &run)
 {
     if (run.which == nullptr)
         return "";
-    return run.result == verdict::done ? run.which->success_events : run.which->failure_events;
+    if (run.result == verdict::done)
+        return run.which->done_events;
+    return run.result == verdict::refused ? run.which->refused_events : run.which->all_events;
 }
 
 void print_document(FILE *out, const finished_run &run, const reading &said)

@@ -23,7 +23,7 @@ static constexpr char help[] =
     "  1            failed: something was tried and did not succeed, or not wholly\n"
     "  2            refused: nothing was tried, and cfgtool said why\n"
     "  3            unknown: cfgtool said nothing that tells\n"
-    "  4            cfgtool could not be run, or the document could not be written\n"
+    "  4            cfgtool could not be run, the document not be written, or an option is unknown\n"
     "  128 + N      signal N ended cfgtool\n";
 
 static int fail(const char *what, const char *why)

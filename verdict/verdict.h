@@ -34,9 +34,11 @@ struct line_pattern {
 
 /// What is to be known of a command beside its sentences.
 struct command {
-    const char *target, *dataitem;                // no target: an empty text
-    verdict silent;                               // when no sentence tells how it ended
-    verdict declined;                             // when nothing follows a question for confirmation
-    bool others;                                  // other programs print on its screen
-    const char *success_events, *failure_events;  // of the records it writes, parted by blanks
+    const char *target, *dataitem;  // no target: an empty text
+    verdict silent;                 // when no sentence tells how it ended
+    verdict declined;               // when nothing follows a question for confirmation
+    bool others;                    // other programs print on its screen
+    // The event codes of what it may have recorded, parted by blanks: when it is done, when it is refused, and when it
+    // failed, perhaps half-way, or nobody knows.
+    const char *done_events, *refused_events, *all_events;
 };

@@ -326,17 +326,17 @@ def table_text(commands: list[Command], listed: Listed, every: list[Sentence], v
     out.append("};\n\nstatic constexpr command commands[] = {\n")
     for command in commands:
         words = verdicts.commands.get(command.words, set())
-        events: dict[bool, list[str]] = {True: [], False: []}
-        for record in command.records:
-            failed = re.search(r"\bfail", record["text"]) is not None
-            if record["event"] and record["event"] not in events[failed]:
-                events[failed].append(record["event"])
+        recorded = {(record["event"], re.search(r"\bfail", record["text"]) is not None) for record in command.records}
+        all_events = sorted({event for event, _ in recorded if event})
+        done_events, refused_events = (
+            [event for event in all_events if (event, is_failure) in recorded] for is_failure in (False, True)
+        )
         silent = next((word.removeprefix("silent=") for word in words if word.startswith("silent=")), "unknown")
         out.append(
             f"    {{{in_cpp(command.target)}, {in_cpp(command.dataitem)}, verdict::{silent}, "
             f"verdict::{'unknown' if 'declined=unknown' in words else 'refused'}, "
-            f"{'true' if 'others' in words else 'false'}, {in_cpp(' '.join(sorted(events[False])))}, "
-            f"{in_cpp(' '.join(sorted(events[True])))}}},\n"
+            f"{'true' if 'others' in words else 'false'}, {in_cpp(' '.join(done_events))}, "
+            f"{in_cpp(' '.join(refused_events))}, {in_cpp(' '.join(all_events))}}},\n"
         )
     out.append("};\n")
     return "".join(out)

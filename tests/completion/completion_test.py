@@ -58,9 +58,10 @@ def commands():
 
 # Words for what is written in capital letters in the table of values.
 SAMPLES = {
-    "ADDRESS": "192.0.2.5", "COUNT": "1", "DATE": "2026-11-21", "FILE": "/tmp/none.bin", "HOST": "board", "ID": "5",
-    "MASK": "255.255.255.0", "NAME": "admin", "OEM": "oem1", "OFF": "10", "ON": "10", "PERCENT": "60", "PORT": "8443",
-    "SECONDS": "20", "TIME": "12:00:00", "VALUE": "50", "ZONE": "+1:00",
+    "ADDRESS": "192.0.2.5", "COUNT": "1", "DATE": "2026-11-21", "HOST": "board", "ID": "5",
+    "IMAGE": "/tmp/none.bin", "MASK": "255.255.255.0", "NAME": "admin", "OEM": "oem1", "OFF": "10", "ON": "10",
+    "PATH": "/tmp/none.hpm", "PERCENT": "60", "PORT": "8443", "SECONDS": "20", "TIME": "12:00:00", "VALUE": "50",
+    "ZONE": "+1:00",
 }  # fmt: skip
 OWN_SAMPLES = {("eth0", "ipaddr6"): {"ADDRESS": "2001:db8::5/64"}, ("-", "ipmctime"): {"ZONE": "1"}}
 
@@ -291,7 +292,11 @@ class in_shell:
         return terminal
 
     def test_tab_completes(self):
-        Path("/tmp/image.hpm").touch()
+        self.addCleanup(os.chdir, os.getcwd())
+        os.chdir("/tmp")
+        Path("images").mkdir(exist_ok=True)
+        for name in ("image.hpm", "board.bin", "board.txt", "images/old.bin", "images/old.txt"):
+            Path(name).touch()
         terminal = self.open()
         for typed, expected in [
             ("-t ser\t", "-t service"),
@@ -312,8 +317,12 @@ class in_shell:
             ("-t led -d ledstate -v ledall \t", "-t led -d ledstate -v ledall lamptest"),
             ("-t trap -d user -v \t", "-t trap -d user -v"),
             ("-t sensor -d test -v 'CPU1 Temp' \t", "-t sensor -d test -v CPU1 Temp stop"),
-            ("-d upgrade -v /tmp/im\t", "-d upgrade -v /tmp/image.hpm"),
-            ("-d upgrade -v /tmp/im\t \t", "-d upgrade -v /tmp/image.hpm"),
+            ("-d upgrade -v /tmp/image.\t", "-d upgrade -v /tmp/image.hpm"),
+            ("-d upgrade -v /tmp/image.\t \t", "-d upgrade -v /tmp/image.hpm"),
+            ("-d upgrade -v image.\t", "-d upgrade -v image."),  # has to be an absolute path
+            ("-t maint -d upgradeb -v bo\t", "-t maint -d upgradeb -v board.bin"),
+            ("-t maint -d upgradeb -v /tmp/bo\t", "-t maint -d upgradeb -v /tmp/board.bin"),
+            ("-t maint -d upgradeb -v images/\t", "-t maint -d upgradeb -v images/old.bin"),
         ]:
             with self.subTest(typed=typed):
                 self.assertEqual(" ".join(terminal.line_after("cfgtool " + typed)), expected)

@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 """Every transcript's screen, read by cfgtool-verdict, against what the transcript itself says of the outcome: its
-records and the answers to its requests.
+records, whose event codes the document has to name, and the answers to its requests.
 
     CFGTOOL_VERDICT=build/bin/cfgtool-verdict tests/verdict/transcripts_test.py
 """
@@ -39,6 +39,7 @@ class Case:
     screen: bytes
     records: list[str]
     exchanges: list[Exchange]
+    has_blacklist: bool  # which changes what names mean
 
 
 def answer_in(frame: bytes, line: str) -> bytes | None:
@@ -73,8 +74,11 @@ def cases() -> list[Case]:
                 continue  # nothing can be read of these
             screen = b"".join(event[1] for event in each.events if event[0] == "screen")
             records = [event[5].decode("latin-1") for event in each.events if event[0] == "log"]
+            has_blacklist = "/data/blacklist" in [file[1] for file in each.files]
             for words in each.commands:
-                found.append(Case(each.title, each.where, words[1:], screen, records, exchanges_of(each)))
+                found.append(
+                    Case(each.title, each.where, words[1:], screen, records, exchanges_of(each), has_blacklist)
+                )
     return found
 
 
@@ -250,6 +254,11 @@ def main() -> int:
             if document["verdict"] not in (allowed := expected(case, command)):
                 print(f"{case.where}: {document['verdict']}, not {' or '.join(sorted(allowed))}: {case.title}")
                 print(case.screen.decode("latin-1"))
+                faults += 1
+            recorded = set(re.findall("EvtCode:(0x[0-9A-F]{8})", " ".join(case.records)))
+            untold = recorded - set(document["event_codes"])
+            if untold and not case.has_blacklist:
+                print(f"{case.where}: {document['verdict']}, recorded but not in event_codes: {untold}: {case.title}")
                 faults += 1
     return int(faults > 0)
 

@@ -161,6 +161,44 @@ class verdict(unittest.TestCase):
         self.assert_verdict(ran, "refused", 2)
         self.assertEqual(ran.document["sentence"], "Insufficient privilege level")
 
+    def test_refused_where_the_privilege_cannot_be_asked(self):
+        for answer, sentence in (
+            ("silent", "send 'Get User Access Command' failed!"),
+            ("C1", "Get User Access Command failed!"),
+        ):
+            with self.subTest(answer):
+                ran = self.play(f"uid 503\n$ cfgtool -d fanlevel -v 60\n> 06 44  01 03 < {answer}\n")
+                self.assert_verdict(ran, "refused", 2)
+                self.assertEqual(ran.document["sentence"], sentence)
+
+    def test_a_refusal_has_its_error_code(self):
+        script = "printf \"send 'check user password' failed, error code: 0x40000001\\r\\n\"\n"
+        ran = self.run_script(script, "-d", "deluser", "-v", "bob")
+        self.assert_verdict(ran, "refused", 2)
+        self.assertEqual(ran.document["error"]["code"], "0x40000001")
+
+    def test_a_run_that_ends_half_way_may_have_recorded_the_first_half(self):
+        ran = self.play("""$ cfgtool -t eth0 -d ipaddr -v 10.0.0.5 255.0.0.0
+> 0C 01  01 00 01           < 00
+> 0C 01  01 03 0A 00 00 05  < 00
+> 0C 01  01 06 FF 00 00 00  < C9
+> 0C 01  01 00 00           < 00
+""")
+        self.assert_verdict(ran, "failed", 1)
+        self.assertIn("0x21200650", ran.document["event_codes"])
+
+    def test_event_codes_of_a_command_that_records_its_failures(self):
+        done, failed = "0x20B003F0", "0x20B003F1"
+        for text, codes in (
+            ("Set rollback successfully, system will reboot soon!", [done]),
+            ("Insufficient privilege level", [failed]),
+            ("Set rollback failed, error code: 0x2C3800C9", [done, failed]),
+            ("something else", [done, failed]),
+        ):
+            with self.subTest(text):
+                ran = self.run_script(f"printf '{text}\\r\\n'\n", "-d", "rollback")
+                self.assertEqual(ran.document["event_codes"], codes)
+
     def test_refused_by_usage(self):
         ran = self.play("$ cfgtool -d fanlevel\n")
         self.assert_verdict(ran, "refused", 2)
@@ -236,6 +274,18 @@ class verdict(unittest.TestCase):
                 ran = self.run_script(f"printf '{text}\\r\\nUpdate fail.\\r\\n'\n", "-d", "upgrade")
                 self.assert_verdict(ran, "failed", 1)
                 self.assertEqual(ran.document["error"], error)
+
+    def test_codes_that_ipmi_has_no_words_for(self):
+        for text, words in (
+            ("Set sideband enable port failed, error code: 0x30930000", "no reason is known"),
+            ("Set IP address, error code: 0xC01CD00", "no reason is known"),
+            ("Set user password failed, error code: 0x6470084", "against the controller's rules for passwords"),
+            ("Set SNMP trap community failed, error code: 0xC011084", "against the controller's rules for communities"),
+            ("Set trap V3 failed, error code: 0xC01C384", "Unknown (0x84)"),
+        ):
+            with self.subTest(text):
+                ran = self.run_script(f"printf '{text}\\r\\n'\n", "-d", "x")
+                self.assertEqual(ran.document["error"]["text"], words)
 
     def test_a_failure_with_a_code_goes_before_one_without(self):
         script = "printf 'Err in cmd get sensor sdr info\\r\\nSensor test failed, error code: 0x40000003\\r\\n'\n"
