@@ -11,9 +11,18 @@
 
 long get_file_length(const char *path) { return vos_get_file_length(path); }
 
+int open_file(const char *path, int flags, mode_t mode)
+{
+    int file;
+    do {
+        file = open(path, flags, mode);
+    } while (file < 0 && errno == EINTR);
+    return file;
+}
+
 int open_regular(const char *path)
 {
-    const int file = open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    const int file = open_file(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     struct stat about;
     if (file >= 0 && (fstat(file, &about) != 0 || !S_ISREG(about.st_mode))) {
         close(file);

@@ -4,9 +4,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <sys/types.h>
 
 /// Length of a file; -1 = it cannot be examined.
 long get_file_length(const char *path);
+
+/// As open(), and again when a signal interrupts it.
+int open_file(const char *path, int flags, mode_t mode = 0);
 
 /// Opens a regular file for reading, never a pipe or a device, which could keep the tool waiting or reading for ever.
 /// The descriptor; -1 = there is none.

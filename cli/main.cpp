@@ -33,8 +33,8 @@ static void ignore_output_signals()
 
 int main(int argc, char **argv)
 {
-    fill_standard_descriptors();
     ignore_output_signals();
+    fill_standard_descriptors();
 
     cpld_init();
     fpga_Init();

@@ -126,7 +126,7 @@ public:
         for (int number = 1; number <= SIGRTMAX; ++number)
             if (number != SIGCHLD && number != SIGURG && number != SIGWINCH && number != SIGTTOU)  // these end nothing
                 catch_signal(number, number == SIGCONT ? hide_again : restore_and_raise);
-        tcsetattr(STDIN_FILENO, TCSANOW, &silent_mode);
+        is_hidden = tcsetattr(STDIN_FILENO, TCSANOW, &silent_mode) == 0;
     }
     ~hidden_terminal()
     {
@@ -139,6 +139,9 @@ public:
                 signal(number, SIG_DFL);
         wanted_mode = nullptr;
     }
+    /// Else what is typed between two keys would show.
+    bool hides() const { return is_hidden; }
+
     hidden_terminal(const hidden_terminal &) = delete;
     hidden_terminal &operator=(const hidden_terminal &) = delete;
 
@@ -156,6 +159,7 @@ private:
     }
 
     const bool is_terminal;
+    bool is_hidden = false;
     termios silent_mode;
     sigset_t caught;
 };
@@ -175,7 +179,7 @@ static char *read_hidden(const char *prompt, char *word, size_t limit)
 
     size_t length = 0;
     int key;
-    while ((key = read_key()) != -1 && key != carriage_return) {
+    while ((key = hidden.hides() ? read_key() : -1) != -1 && key != carriage_return) {
         const bool erases = key == backspace || key == erase;
         if (!erases && (key < first_accepted || key > erase))
             break;  // any other key ends the word as Enter does

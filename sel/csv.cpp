@@ -40,7 +40,10 @@ struct sel_record {
 class csv_file
 {
 public:
-    explicit csv_file(const char *path) : file(open(path, O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0666)) {}
+    explicit csv_file(const char *path)
+        : file(open_file(path, O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0666))
+    {
+    }
     ~csv_file()
     {
         if (file >= 0)

@@ -50,22 +50,22 @@ int enum_files(const char *directory, char *names, size_t size, int maximum)
 /// A log brought to the work folder, and the table to be made of it.
 struct log_pair {
     char bin[path_size], csv[path_size];
-    timespec brought;  // when the log was last changed
+    int64_t brought_ns;  // when the log was last changed
 };
 
 // The work folder ---------------------------------------------------------------------------------------------------
 
-static timespec last_change(const char *path)
+static int64_t last_change_ns(const char *path)
 {
     struct stat about;
-    return lstat(path, &about) == 0 ? about.st_ctim : timespec{};
+    return lstat(path, &about) == 0 ? about.st_ctim.tv_sec * INT64_C(1000000000) + about.st_ctim.tv_nsec : 0;
 }
 
 static bool is_brought_log(const char *path, const log_pair *pairs, int brought)
 {
-    const timespec now = last_change(path);
-    return std::any_of(pairs, pairs + brought, [path, now](const log_pair &pair) {
-        return strcmp(path, pair.bin) == 0 && pair.brought.tv_sec == now.tv_sec && pair.brought.tv_nsec == now.tv_nsec;
+    const int64_t now_ns = last_change_ns(path);
+    return std::any_of(pairs, pairs + brought, [path, now_ns](const log_pair &pair) {
+        return strcmp(path, pair.bin) == 0 && pair.brought_ns == now_ns;
     });
 }
 
@@ -100,7 +100,7 @@ static bool make_work_folder()
 static void bring_log(log_pair &pair, const char *source)
 {
     vos_file_copy(pair.bin, source);
-    pair.brought = last_change(pair.bin);
+    pair.brought_ns = last_change_ns(pair.bin);
 }
 
 static void bring_live_log(log_pair &pair)

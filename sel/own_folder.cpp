@@ -1,5 +1,6 @@
 #include "sel/own_folder.h"
 
+#include "cli/files.h"
 #include "platform/platform.h"
 
 #include <cerrno>
@@ -29,7 +30,7 @@ bool make_folder(const own_folder &folder)
 
 bool take_back_folder(const char *name)
 {
-    const int folder = open(name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    const int folder = open_file(name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
     if (folder < 0)
         return errno == ENOENT;
     struct stat about;

@@ -36,13 +36,13 @@ static bool make_way()
 static bool may_be_archive(const char *path)
 {
     struct stat about;
-    return stat(path, &about) != 0 || S_ISREG(about.st_mode);
+    return stat(path, &about) == 0 ? S_ISREG(about.st_mode) : errno == ENOENT;
 }
 
 static bool is_file_or_nothing(const char *path)
 {
     struct stat about;
-    return lstat(path, &about) != 0 || S_ISREG(about.st_mode);
+    return lstat(path, &about) == 0 ? S_ISREG(about.st_mode) : errno == ENOENT;
 }
 
 bool unpack_log(char *archive)

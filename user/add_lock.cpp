@@ -1,5 +1,6 @@
 #include "user/add_lock.h"
 
+#include "cli/files.h"
 #include "ipmi/transport.h"
 #include "platform/platform.h"
 
@@ -11,7 +12,7 @@
 static constexpr char path[] = "/ipmc/usr/adduser_mutex";
 static constexpr uint32_t error_lock_file = 0x50000002, error_lock = 0x50000003;
 
-static int open_lock_file() { return open(path, O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0666); }
+static int open_lock_file() { return open_file(path, O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0666); }
 
 static bool wait_for_lock(int file)
 {
@@ -28,12 +29,19 @@ static bool wait_for_lock(int file)
     return result == 0;
 }
 
-/// The holder before us has removed the file that we waited for: another run may be locking a new one.
-static bool is_still_there(int file)
+enum class locked_file { still_there, replaced, unknown };
+
+/// The holder before us may have removed the file that we waited for: another run may be locking a new one. What cannot
+/// be told now could not be told for ever.
+static locked_file examine(int file)
 {
     struct stat locked, there;
-    return fstat(file, &locked) == 0 && lstat(path, &there) == 0 && locked.st_dev == there.st_dev &&
-           locked.st_ino == there.st_ino;
+    if (fstat(file, &locked) != 0)
+        return locked_file::unknown;
+    if (lstat(path, &there) != 0)
+        return errno == ENOENT ? locked_file::replaced : locked_file::unknown;
+    return locked.st_dev == there.st_dev && locked.st_ino == there.st_ino ? locked_file::still_there
+                                                                          : locked_file::replaced;
 }
 
 static void remove_lock_file()
@@ -51,13 +59,14 @@ bool add_user_lock::take()
             g_error_code = error_lock_file;
             return false;
         }
-        if (!wait_for_lock(file)) {
+        const locked_file found = wait_for_lock(file) ? examine(file) : locked_file::unknown;
+        if (found == locked_file::still_there)
+            return true;
+        if (found == locked_file::unknown) {
             release();  // Kept: the file goes, though another run may hold its lock
             g_error_code = error_lock;
             return false;
         }
-        if (is_still_there(file))
-            return true;
         close(file);
     }
 }

@@ -1,5 +1,6 @@
 #include "tests/faults/conversation.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
@@ -136,6 +137,11 @@ static const std::map<std::string, taker> &takers()
         {"logged", [](conversation &to, std::istream &line) { to.logged.push_back(text_in(line)); }},
     };
     return rows;
+}
+
+bool conversation::has_results_of(std::string_view call) const
+{
+    return std::any_of(results.begin(), results.end(), [call](const auto &row) { return row.first == call; });
 }
 
 bool read_conversation(std::istream &from, conversation &to)

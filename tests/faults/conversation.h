@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <istream>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -79,6 +80,9 @@ struct conversation {
     // What it is to do
     std::string shown;
     std::vector<std::string> logged;
+
+    /// Whether the first so many calls of this name have results of their own.
+    bool has_results_of(std::string_view call) const;
 };
 
 /// False at the end. What it does not understand ends the program.

@@ -1,11 +1,10 @@
 /// libc as the tool finds it: the controller's folders lie in a folder of the run, its user and terminal are made up.
 /// Outside a run the calls are this program's own.
 #include "tests/faults/platform.h"
+#include "tests/scripted/parts.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <climits>
-#include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -18,13 +17,15 @@
 #include <unistd.h>
 
 int blocks_taken;
-bool is_dumpable = true;
 
 #define WRAPPED(result, name, ...)                                                                                     \
     result __real_##name(__VA_ARGS__);                                                                                 \
     result __wrap_##name(__VA_ARGS__)
 
 extern "C" int __real_poll(pollfd *files, nfds_t count, int timeout);
+
+/// A call of the tool's, not of this program.
+static bool tool_fails(const char *name) { return played != nullptr && fails(name); }
 
 // Files -------------------------------------------------------------------------------------------------------------
 
@@ -74,7 +75,7 @@ int __wrap_open(const char *path, int flags, mode_t mode)
         return __real_open(path, flags, mode);
     if ((flags & (O_CREAT | O_WRONLY | O_RDWR)) != 0)
         touch_files();
-    if (is_to_fail("open", path))
+    if (fails("open") || is_to_fail("open", path))
         return -1;
     const int file = __real_open(found_at(path).c_str(), flags, mode);
     if ((flags & O_CREAT) != 0) {
@@ -86,14 +87,17 @@ int __wrap_open(const char *path, int flags, mode_t mode)
 
 WRAPPED(int, close, int file)
 {
+    const bool failed = tool_fails("close");
     if (file >= 0 && file == lock_file)
         lock_file = -1;
-    return __real_close(file);
+    return __real_close(file) != 0 || failed ? -1 : 0;
 }
 
 WRAPPED(int, mkostemp, char *path, int flags)
 {
     touch_files();
+    if (fails("mkostemp"))
+        return -1;
     std::string place = found_at(path);
     const int file = __real_mkostemp(place.data(), flags);
     memcpy(path, place.c_str() + place.size() - strlen(path), strlen(path));
@@ -103,7 +107,7 @@ WRAPPED(int, mkostemp, char *path, int flags)
 WRAPPED(int, rename, const char *from, const char *to)
 {
     touch_files();
-    return __real_rename(found_at(from).c_str(), found_at(to).c_str());
+    return fails("rename") ? -1 : __real_rename(found_at(from).c_str(), found_at(to).c_str());
 }
 
 WRAPPED(int, unlink, const char *path)
@@ -111,19 +115,24 @@ WRAPPED(int, unlink, const char *path)
     if (played == nullptr)
         return __real_unlink(path);
     touch_files();
-    return __real_unlink(found_at(path).c_str());
+    return fails("unlink") ? -1 : __real_unlink(found_at(path).c_str());
 }
 
 WRAPPED(int, stat, const char *path, struct stat *about)
 {
-    return __real_stat(played != nullptr ? found_at(path).c_str() : path, about);
+    return tool_fails("stat") ? -1 : __real_stat(played != nullptr ? found_at(path).c_str() : path, about);
 }
+
+WRAPPED(int, fstat, int file, struct stat *about) { return tool_fails("fstat") ? -1 : __real_fstat(file, about); }
+WRAPPED(int, fchmod, int file, mode_t mode) { return tool_fails("fchmod") ? -1 : __real_fchmod(file, mode); }
 
 /// What is there belongs to the tool's user, unless it is said to be another's.
 WRAPPED(int, lstat, const char *path, struct stat *about)
 {
-    if (played == nullptr || __real_lstat(found_at(path).c_str(), about) != 0)
-        return played == nullptr ? __real_lstat(path, about) : -1;
+    if (played == nullptr)
+        return __real_lstat(path, about);
+    if (fails("lstat") || __real_lstat(found_at(path).c_str(), about) != 0)
+        return -1;
     about->st_uid = played->user;
     for (const auto *owners : {&played->owners, const_cast<const decltype(given) *>(&given)})
         for (const auto &[owned, owner] : *owners)
@@ -134,6 +143,8 @@ WRAPPED(int, lstat, const char *path, struct stat *about)
 
 WRAPPED(int, fchown, int file, uid_t owner, gid_t)
 {
+    if (fails("fchown"))
+        return -1;
     if (result_of("fchown") != 0) {
         errno = EPERM;
         return -1;
@@ -147,11 +158,13 @@ WRAPPED(int, mkdir, const char *path, mode_t mode)
     if (played == nullptr)
         return __real_mkdir(path, mode);
     touch_files();
-    return result_of("mkdir") != 0 ? -1 : __real_mkdir(found_at(path).c_str(), mode);
+    return fails("mkdir") || result_of("mkdir") != 0 ? -1 : __real_mkdir(found_at(path).c_str(), mode);
 }
 
 WRAPPED(off_t, lseek, int file, off_t offset, int from)
 {
+    if (tool_fails("lseek"))
+        return -1;
     if (played != nullptr && (result_of("lseek") != 0 || (any_failures() && is_to_fail("lseek", path_of(file)))))
         return -1;
     return __real_lseek(file, offset, from);
@@ -159,12 +172,16 @@ WRAPPED(off_t, lseek, int file, off_t offset, int from)
 
 WRAPPED(ssize_t, write, int file, const void *from, size_t size)
 {
-    return any_failures() && is_to_fail("write", path_of(file)) ? -1 : __real_write(file, from, size);
+    return tool_fails("write") || (any_failures() && is_to_fail("write", path_of(file)))
+               ? -1
+               : __real_write(file, from, size);
 }
 
 /// Reads up to the damage, and fails there.
 WRAPPED(ssize_t, read, int file, void *to, size_t size)
 {
+    if (tool_fails("read"))
+        return -1;
     if (played == nullptr || played->damages.empty())
         return __real_read(file, to, size);
     const off_t at = __real_lseek(file, 0, SEEK_CUR);
@@ -189,12 +206,10 @@ static std::vector<dirent> entries;
 dirent *__real_readdir(DIR *folder);
 WRAPPED(DIR *, opendir, const char *path)
 {
-    listed = __real_opendir(played != nullptr ? found_at(path).c_str() : path);
-    entries.clear();
-    for (const dirent *entry; listed != nullptr && (entry = __real_readdir(listed)) != nullptr;)
-        entries.push_back(*entry);
-    std::sort(entries.begin(), entries.end(),
-              [](const dirent &a, const dirent &b) { return strcmp(a.d_name, b.d_name) < 0; });
+    if (played == nullptr)
+        return __real_opendir(path);
+    listed = fails("opendir") ? nullptr : __real_opendir(found_at(path).c_str());
+    entries = sorted_entries(listed, __real_readdir);
     return listed;
 }
 
@@ -203,7 +218,7 @@ dirent *__wrap_readdir(DIR *folder)
     static dirent entry;
     if (folder != listed)
         return __real_readdir(folder);
-    if (entries.empty())
+    if (fails("readdir") || entries.empty())
         return nullptr;
     entry = entries.back();
     entries.pop_back();
@@ -220,22 +235,23 @@ int __wrap_fcntl(int file, int command, void *value)
     const long result = called("lock", lock_path);
     if (result > 0)  // granted once its holder has removed the file
         __real_unlink(found_at(lock_path.c_str()).c_str());
-    errno = result < 0 ? int(-result) : errno;
-    return result < 0 ? -1 : 0;
+    if (result < -1)  // -1 is a failure that has said why
+        errno = int(-result);
+    return result < 0 ? -1 : __real_fcntl(file, F_SETLK, value);
 }
 
 // Memory ------------------------------------------------------------------------------------------------------------
 
 WRAPPED(void *, malloc, size_t size)
 {
-    void *const block = __real_malloc(size);
+    void *const block = tool_fails("malloc") ? nullptr : __real_malloc(size);
     blocks_taken += block != nullptr ? 1 : 0;
     return block;
 }
 
 WRAPPED(void *, calloc, size_t count, size_t size)
 {
-    void *const block = __real_calloc(count, size);
+    void *const block = tool_fails("calloc") ? nullptr : __real_calloc(count, size);
     blocks_taken += block != nullptr ? 1 : 0;
     return block;
 }
@@ -257,7 +273,7 @@ int __wrap_prctl(int option, unsigned long value)
 {
     if (played == nullptr || option != PR_SET_DUMPABLE)
         return __real_prctl(option, value);
-    is_dumpable = value != 0;
+    written->is_dumpable = value != 0;
     return 0;
 }
 
@@ -304,7 +320,7 @@ static bool more_typed()
 
 static int typed_key()
 {
-    if (!has_terminal())
+    if (fails(is_cooked() && next_in_line > 0 ? "key of the rest" : "key") || !has_terminal())
         return EOF;
     if (!more_typed() && next_batch < played->keys.size()) {
         next_key = 0;
@@ -316,14 +332,17 @@ static int typed_key()
         return EOF;
     if (is_cooked())
         return uint8_t(line[next_in_line++]);
-    if (!played->secrets.empty() && is_dumpable)
+    written->typed_secret = true;
+    if (!played->secrets.empty() && written->is_dumpable)
         written->typed_while_dumpable = true;
     return played->keys[next_batch - 1].at(next_key++);
 }
 
 WRAPPED(int, isatty, int file)
 {
-    return file == STDIN_FILENO && played != nullptr ? has_terminal() : __real_isatty(file);
+    if (file != STDIN_FILENO || played == nullptr)
+        return __real_isatty(file);
+    return !fails("isatty") && has_terminal();
 }
 WRAPPED(int, getchar) { return played != nullptr ? typed_key() : __real_getchar(); }
 WRAPPED(int, getc, FILE *from) { return played != nullptr ? typed_key() : __real_getc(from); }
@@ -334,6 +353,8 @@ WRAPPED(int, poll, pollfd *files, nfds_t count, int timeout)
 {
     if (played == nullptr || count != 1 || files->fd != STDIN_FILENO)
         return __real_poll(files, count, timeout);
+    if (fails("poll"))
+        return -1;
     files->revents = more_typed() ? POLLIN : short(0);
     return more_typed() ? 1 : 0;
 }
@@ -342,6 +363,8 @@ WRAPPED(int, tcgetattr, int file, termios *now)
 {
     if (played == nullptr || file != STDIN_FILENO)
         return __real_tcgetattr(file, now);
+    if (fails("tcgetattr"))
+        return -1;
     if (!has_terminal() || result_of("tcgetattr") != 0) {
         errno = ENOTTY;
         return -1;
@@ -354,13 +377,15 @@ WRAPPED(int, tcsetattr, int file, int when, const termios *wanted)
 {
     if (played == nullptr || file != STDIN_FILENO)
         return __real_tcsetattr(file, when, wanted);
+    const bool is_usual = memcmp(wanted, &usual_mode, sizeof mode) == 0;
+    if (fails(is_usual ? "tcsetattr back" : "tcsetattr"))
+        return -1;
     if (!has_terminal() || result_of("tcsetattr") != 0) {
         errno = ENOTTY;
         return -1;
     }
     mode = *wanted;
+    written->terminal_changed = memcmp(&mode, &usual_mode, sizeof mode) != 0;
     return 0;
 }
 }
-
-bool terminal_is_as_before() { return memcmp(&mode, &usual_mode, sizeof mode) == 0; }

@@ -1,25 +1,21 @@
 #include "tests/faults/platform.h"
 
 #include "platform/platform.h"
+#include "tests/scripted/parts.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <climits>
-#include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
 #include <filesystem>
-#include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 const conversation *played;
 record *written;
 
 static std::string root;
-static fault_at faulted;
+fault_at faulted;
 static unsigned most_calls;
 static int descriptors_before;
 
@@ -46,7 +42,7 @@ step record::next(size_t &place) const
     _exit(0);
 }
 
-static void note(char kind, std::string_view text)
+void note(char kind, std::string_view text)
 {
     record &into = *written;
     const auto length = uint32_t(text.size());
@@ -54,7 +50,7 @@ static void note(char kind, std::string_view text)
         give_up();
     into.steps[into.used] = kind;
     memcpy(into.steps + into.used + 1, &length, sizeof length);
-    std::copy(text.begin(), text.end(), into.steps + into.used + head_length);
+    copy_bytes(into.steps + into.used + head_length, text.data(), length);
     into.used += head_length + length;
 }
 
@@ -76,32 +72,29 @@ long result_of(const char *name, long otherwise)
     return otherwise;
 }
 
-/// Texts may be secret: they go into the record without a stop on the way.
-long called(const char *name, const std::string &words, long otherwise)
+static bool count_and_try(const char *name)
 {
     count_call();
-    note('C', name);
-    note('c', words);
-    return result_of(name, otherwise);
+    return fails(name);
 }
 
+/// Texts may be secret: they go into the record without a stop on the way.
 static long called_with(const char *name, const char *text, long otherwise = 0)
 {
-    count_call();
+    const bool failed = count_and_try(name);
+    if (failed && faulted.kind == fault::interrupted)
+        return failure_of(name);
     note('C', name);
     note('c', text);
-    return result_of(name, otherwise);
+    return failed ? failure_of(name) : result_of(name, otherwise);
 }
 
-std::string found_at(const char *path)
+long called(const char *name, const std::string &words, long otherwise)
 {
-    static constexpr const char *folders[] = {"/data", "/ipmc", "/web", "/ko", "/tmp"};
-    if (strncmp(path, root.c_str(), root.size()) != 0)
-        for (const char *folder : folders)
-            if (strncmp(path, folder, strlen(folder)) == 0 && strchr("/", path[strlen(folder)]) != nullptr)
-                return root + path;
-    return path;
+    return called_with(name, words.c_str(), otherwise);
 }
+
+std::string found_at(const char *path) { return found_in(root, path); }
 
 // Secrets -----------------------------------------------------------------------------------------------------------
 
@@ -122,6 +115,19 @@ UNCHECKED static bool stands_at(const uint8_t *place, const concealed &wanted, s
 
 static constexpr size_t trace_length = 6;  // so many bytes of a secret in a row are a trace of it
 
+/// What is looked for, and the bytes that a trace of it could begin with.
+static std::vector<const concealed *> wanted_secrets;
+static bool may_start[256];
+
+static void want(std::vector<const concealed *> secrets)
+{
+    wanted_secrets = std::move(secrets);
+    std::fill(std::begin(may_start), std::end(may_start), false);
+    for (const concealed *secret : wanted_secrets)
+        for (size_t from = 0; from == 0 || from + trace_length <= secret->size(); ++from)
+            may_start[secret->at(from)] = true;
+}
+
 /// Whether a trace of this secret begins here.
 UNCHECKED static bool is_traced(const uint8_t *place, const concealed &secret)
 {
@@ -132,15 +138,16 @@ UNCHECKED static bool is_traced(const uint8_t *place, const concealed &secret)
     return false;
 }
 
-/// The places where a trace of any secret could begin: most of memory is zeros, and is passed over word by word.
-UNCHECKED static bool is_held(const uint8_t *place, const uint8_t *end, const bool (&may_start)[256])
+/// Looks at the places where a trace of any secret could begin: most of memory is zeros, and is passed over word by
+/// word.
+UNCHECKED static bool is_held(const uint8_t *place, const uint8_t *end)
 {
     for (uint64_t word = 0; place + sizeof word <= end; place += sizeof word) {
         __builtin_memcpy(&word, place, sizeof word);
         for (const uint8_t *byte = place; word != 0 && byte < place + sizeof word; ++byte)
             if (may_start[*byte] && byte + trace_length <= end)
-                for (const concealed &secret : played->secrets)
-                    if (is_traced(byte, secret))
+                for (const concealed *secret : wanted_secrets)
+                    if (is_traced(byte, *secret))
                         return true;
     }
     return false;
@@ -148,7 +155,7 @@ UNCHECKED static bool is_held(const uint8_t *place, const uint8_t *end, const bo
 
 /// Looks only into pages that were written since the run began: this process has them for itself. All have been when
 /// nobody can tell.
-UNCHECKED static bool is_held_in_mapping(uintptr_t start, uintptr_t end, int pagemap, const bool (&may_start)[256])
+UNCHECKED static bool is_held_in_mapping(uintptr_t start, uintptr_t end, int pagemap)
 {
     static constexpr size_t most_pages = 4096;
     static constexpr uint64_t exclusive = uint64_t(1) << 56;
@@ -161,38 +168,68 @@ UNCHECKED static bool is_held_in_mapping(uintptr_t start, uintptr_t end, int pag
     for (size_t first = 0, past = 0; first < pages; first = past + 1) {
         for (past = first; past < pages && (about[past] & exclusive) != 0;)
             ++past;
-        if (is_held(reinterpret_cast<uint8_t *>(start + first * size), reinterpret_cast<uint8_t *>(start + past * size),
-                    may_start))
+        if (is_held(reinterpret_cast<uint8_t *>(start + first * size),
+                    reinterpret_cast<uint8_t *>(start + past * size)))
             return true;
     }
     return false;
 }
 
-/// Looks through all memory that can be written but what is shared, memory given back included.
-static void look_for_secrets()
+/// Looks through all memory that can be written but what is shared, memory given back included; first of all through
+/// the stack that was given back last, which the rest of the search would write over.
+UNCHECKED static void look_for_secrets()
 {
-    if (has_sanitizer)  // whose own books are large, and not to be read
+    static constexpr size_t below = 32768;
+    if (has_sanitizer || wanted_secrets.empty())  // a sanitizer's own books are large, and not to be read
         return;
-    bool may_start[256] = {};
-    for (const concealed &secret : played->secrets)
-        for (size_t from = 0; from == 0 || from + trace_length <= secret.size(); ++from)
-            may_start[secret.at(from)] = true;
-    if (played->secrets.empty())
-        return;
-    FILE *const maps = fopen("/proc/self/maps", "r");
-    const int pagemap = open("/proc/self/pagemap", O_RDONLY | O_CLOEXEC, 0);
+    const auto *const here = static_cast<const uint8_t *>(__builtin_frame_address(0));
+    written->held_secret |= is_held(here - below, here);
+    FILE *const maps = fopen("/proc/self/maps", "r"), *const pagemap = fopen("/proc/self/pagemap", "r");
     if (maps == nullptr)
         abort();
     char line[512];
     while (fgets(line, sizeof line, maps) != nullptr) {
         unsigned long start = 0, end = 0;
         char rights[5] = "";
-        if (sscanf(line, "%lx-%lx %4s", &start, &end, rights) == 3 && strcmp(rights, "rw-p") == 0 &&
-            is_held_in_mapping(start, end, pagemap, may_start))
-            written->held_secret = true;
+        if (sscanf(line, "%lx-%lx %4s", &start, &end, rights) == 3 && strcmp(rights, "rw-p") == 0)
+            written->held_secret |= is_held_in_mapping(start, end, pagemap != nullptr ? fileno(pagemap) : -1);
     }
     fclose(maps);
-    close(pagemap);
+    if (pagemap != nullptr)
+        fclose(pagemap);
+}
+
+static void look_for_all_secrets()
+{
+    std::vector<const concealed *> all;
+    for (const concealed &secret : played->secrets)
+        all.push_back(&secret);
+    want(std::move(all));
+    look_for_secrets();
+}
+
+static bool holds_trace(const void *bytes, size_t length, const concealed &secret)
+{
+    const auto *place = static_cast<const uint8_t *>(bytes), *const end = place + length;
+    while (place + trace_length <= end && !is_traced(place, secret))
+        ++place;
+    return place + trace_length <= end;
+}
+
+/// From the next call behind this exchange on, what it carries is to be forgotten.
+static void want_what_is_sent(const void *bytes, size_t length)
+{
+    std::vector<const concealed *> sent;
+    for (const concealed &secret : played->secrets)
+        if (holds_trace(bytes, length, secret))
+            sent.push_back(&secret);
+    want(std::move(sent));
+}
+
+void look_for_sent_secrets()
+{
+    look_for_secrets();
+    wanted_secrets.clear();
 }
 
 // The wire ----------------------------------------------------------------------------------------------------------
@@ -211,8 +248,12 @@ static size_t answer_number;       // of this attempt
 static unsigned receives;          // of this exchange
 static size_t next_foreseen;       // of the conversation's exchanges
 static std::vector<answer> stale;  // what the next receives find
+bool is_granted;
 
-static bool is_faulted() { return faulted.kind != fault::none && written->exchanges == faulted.exchange; }
+static bool is_faulted()
+{
+    return faulted.kind != fault::none && !is_of_call(faulted.kind) && written->exchanges == faulted.place;
+}
 
 /// How much a foreseen request is like the one in hand: 0 = another command, the most = each byte of its data.
 static size_t likeness(const concealed &foreseen)
@@ -372,9 +413,7 @@ static answer answer_with_fault()
         return plain_answer(uint8_t(faulted.value));
     case fault::cut:
         return cut_answer();
-    case fault::none:
-    case fault::unsent:
-    case fault::unsent_once:
+    default:
         break;
     }
     return answer_as_written();
@@ -385,6 +424,8 @@ static bool first_attempt_is_lost() { return is_outlived(faulted.kind); }
 
 static void begin_exchange(const uint8_t *bytes, size_t length)
 {
+    look_for_sent_secrets();
+    want_what_is_sent(bytes, length);
     current_length = std::min(length, longest_frame);
     for (size_t n = 0; n < current_length; ++n)
         current[n] = uint8_t(~bytes[n]);
@@ -394,6 +435,7 @@ static void begin_exchange(const uint8_t *bytes, size_t length)
     answering = most_alike();
     attempt_number = 0;
     receives = 0;
+    is_granted = false;
 }
 
 int ipc_no_listen_init(int port) { return int(called("ipc_no_listen_init", std::to_string(port))); }
@@ -401,7 +443,7 @@ int ipc_no_listen_init(int port) { return int(called("ipc_no_listen_init", std::
 /// The handler has returned: what it knew is to be forgotten, what it took to be given back.
 void ipc_exit()
 {
-    look_for_secrets();
+    look_for_all_secrets();
     written->blocks_left = blocks_taken;
     written->descriptors_left = descriptors_open() - descriptors_before;
     called("ipc_exit");
@@ -409,7 +451,7 @@ void ipc_exit()
 
 int ipc_msg_send(const void *message, unsigned int length, unsigned int flags, unsigned int port)
 {
-    count_call();
+    const bool failed = count_and_try("ipc_msg_send");
     const auto *bytes = static_cast<const uint8_t *>(message);
     const bool is_again = is_sent_again(bytes, length);
     if (is_again)
@@ -420,6 +462,8 @@ int ipc_msg_send(const void *message, unsigned int length, unsigned int flags, u
     note('S', {static_cast<const char *>(message), length});
     if (flags != 0 || port != 2001)
         note('C', "flags or port");
+    if (failed)
+        return int(failure_of("ipc_msg_send"));
     const bool with_fault = is_faulted();
     if (with_fault) {
         ++written->fault_sends;
@@ -443,11 +487,24 @@ static std::string_view payload_of(const answer &given)
             is_good ? std::min<size_t>(given.payload.size(), given.length) : 0};
 }
 
+/// Whether it is the answer to the request in hand, and says that it was done.
+static bool grants(std::string_view payload)
+{
+    return payload.size() > data_start && uint8_t(payload[1]) >> 2 == (frame(1) >> 2) + 1 &&
+           uint8_t(payload[3]) == frame(0) && uint8_t(payload[4]) == frame(4) && uint8_t(payload[5]) == frame(5) &&
+           payload[data_start] == 0;
+}
+
 int ipc_msg_recv(void *message)
 {
-    count_call();
+    const bool failed = count_and_try("ipc_msg_recv");
     ++receives;
+    is_granted = false;
     answer given;
+    if (failed) {
+        note('R', "");
+        return int(failure_of("ipc_msg_recv"));
+    }
     if (!is_faulted() && !stale.empty()) {
         given = stale.back();
         stale.pop_back();
@@ -455,6 +512,7 @@ int ipc_msg_recv(void *message)
         given = is_faulted() ? answer_with_fault() : answer_as_written();
     }
     note('R', payload_of(given));
+    is_granted = grants(payload_of(given));
     if (given.none)
         return -1;
     auto *into = static_cast<uint8_t *>(message);
@@ -468,49 +526,9 @@ int ipc_msg_recv(void *message)
 
 // OS abstraction ----------------------------------------------------------------------------------------------------
 
-int vos_memset(void *to, size_t to_size, int value, size_t count)
-{
-    if (count > to_size)
-        return -1;
-    memset(to, value, count);
-    asm volatile("" ::"r"(to) : "memory");
-    return 0;
-}
-
-int vos_memcpy(void *to, size_t to_size, const void *from, size_t count)
-{
-    if (count > to_size)
-        return -1;
-    memcpy(to, from, count);
-    return 0;
-}
-
-int vos_strncpy(char *to, size_t to_size, const char *from, size_t count)
-{
-    const size_t length = std::min(strnlen(from, count), to_size - 1);
-    memcpy(to, from, length);
-    to[length] = '\0';
-    return 0;
-}
-
-int vos_strncat(char *to, size_t to_size, const char *from, size_t count)
-{
-    const size_t used = strnlen(to, to_size);
-    return vos_strncpy(to + used, to_size - used, from, count);
-}
-
-int vos_snprintf(char *to, size_t to_size, const char *format, ...)
-{
-    va_list values;
-    va_start(values, format);
-    const int length = vsnprintf(to, to_size, format, values);
-    va_end(values);
-    return length;
-}
-
 static void slept(uint64_t microseconds)
 {
-    count_call();
+    count_and_try("sleep");
     note('Z', std::to_string(microseconds));
 }
 void vos_task_delay(unsigned int milliseconds) { slept(1000ULL * milliseconds); }
@@ -519,27 +537,6 @@ void vos_task_delay_us(unsigned int microseconds) { slept(microseconds); }
 /// A result that no conversation has: the call does what it is asked for.
 static constexpr long unasked = LONG_MIN;
 
-static int unpack(char *const argv[])
-{
-    touch_files();
-    std::vector<std::string> words;
-    for (int n = 0; argv[n] != nullptr; ++n)
-        words.push_back(found_at(argv[n]));
-    const pid_t child = fork();
-    if (child == 0) {
-        std::vector<char *> own;
-        for (std::string &word : words)
-            own.push_back(word.data());
-        own.push_back(nullptr);
-        dup2(open("/dev/null", O_WRONLY), STDERR_FILENO);
-        execv(own[0], own.data());
-        _exit(127);
-    }
-    int status = -1;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
 static void remove_all(const char *path)
 {
     touch_files();
@@ -547,39 +544,42 @@ static void remove_all(const char *path)
     std::filesystem::remove_all(found_at(path), failure);
 }
 
-/// Only the archiver and "rm -fr PATH" do their work.
-int vos_system(const char *path, char *const argv[])
-{
-    std::string words = path;
-    int count = 0;
-    for (; argv[count] != nullptr; ++count)
-        words += std::string(" ") + argv[count];
-    const bool does_archive = strcmp(path, "/bin/tar") == 0;
-    const long result = called("vos_system", words, does_archive ? unasked : 0);
-    if (strcmp(path, "/bin/rm") == 0 && count == 3)
-        remove_all(argv[2]);
-    return result == unasked ? unpack(argv) : int(result);
-}
-int vos_environ_system(const char *path, char *const argv[])
+static std::string command_of(const char *path, char *const argv[])
 {
     std::string words = path;
     for (int n = 0; argv[n] != nullptr; ++n)
         words += std::string(" ") + argv[n];
-    return int(called("vos_environ_system", words));
+    return words;
+}
+
+/// Only the archiver and "rm -fr PATH" do their work.
+int vos_system(const char *path, char *const argv[])
+{
+    const long result = called("vos_system", command_of(path, argv), unasked);
+    if (result != unasked)
+        return int(result);
+    touch_files();
+    if (strcmp(path, "/bin/rm") == 0)
+        remove_all(argv[2]);
+    return strcmp(path, "/bin/tar") == 0 ? unpack(root, argv) : 0;
+}
+int vos_environ_system(const char *path, char *const argv[])
+{
+    return int(called("vos_environ_system", command_of(path, argv)));
 }
 
 long vos_get_file_length(const char *path)
 {
-    struct stat about {
-    };
-    const bool exists = stat(path, &about) == 0;
-    return called("vos_get_file_length", path, exists ? long(about.st_size) : -1);
+    std::error_code failure;
+    const auto length = std::filesystem::file_size(found_at(path), failure);
+    return called("vos_get_file_length", path, failure ? -1 : long(length));
 }
 
 int vos_get_file_name(const char *path, char *name, size_t name_size)
 {
     const char *slash = strrchr(path, '/');
-    return vos_strncpy(name, name_size, slash != nullptr ? slash + 1 : path, name_size);
+    return fails("vos_get_file_name") ? -1
+                                      : vos_strncpy(name, name_size, slash != nullptr ? slash + 1 : path, name_size);
 }
 
 int vos_file_copy(const char *to, const char *from)
@@ -611,23 +611,17 @@ unsigned int vos_rand() { return unsigned(called("vos_rand")); }
 
 int vos_zentro_log(unsigned int log_class, const char *user, const char *origin, const char *module, const char *text)
 {
-    count_call();
+    const bool failed = count_and_try("vos_zentro_log");
     note('L', std::to_string(log_class) + "\n" + user + "\n" + origin + "\n" + module + "\n" + text);
-    return int(result_of("vos_zentro_log"));
+    return int(failed ? failure_of("vos_zentro_log") : result_of("vos_zentro_log"));
 }
 
 // Configuration parser ----------------------------------------------------------------------------------------------
 
-namespace
-{
-struct cfg_file {
-    std::string text, value;
-};
-}  // namespace
-
 void *CfgFileOpenReadOnly(const char *path)
 {
-    called("CfgFileOpenReadOnly", path);
+    if (called("CfgFileOpenReadOnly", path, 1) == failure_of("CfgFileOpenReadOnly"))
+        return nullptr;
     for (const file_found &file : played->files)
         if (file.path == path && file.kind == "file")
             return new cfg_file{file.content, ""};
@@ -636,27 +630,11 @@ void *CfgFileOpenReadOnly(const char *path)
 
 long KeySearch(void *file, long start, const char *key, const char *separator, char **value, int *found)
 {
-    called("KeySearch", key);
-    auto &cfg = *static_cast<cfg_file *>(file);
-    cfg.value.clear();
-    *value = cfg.value.data();
+    *value = nullptr;
     *found = 0;
-    size_t line = start > 0 ? size_t(start) - 1 : 0;
-    for (bool first = true; line < cfg.text.size(); first = false) {
-        const size_t end = std::min(cfg.text.find_first_of("\r\n", line), cfg.text.size());
-        if (key[0] != '[' && cfg.text[line] == '[' && !first)
-            return 0;
-        if (cfg.text.compare(line, strlen(key), key) == 0) {
-            const size_t at = cfg.text.substr(0, end).find(separator, line);
-            if (at != std::string::npos)
-                cfg.value = cfg.text.substr(at + strlen(separator), end - at - strlen(separator));
-            *value = cfg.value.data();
-            *found = 1;
-            return long(line) + 1;
-        }
-        line = end + 1;
-    }
-    return 0;
+    if (called("KeySearch", key, 1) == failure_of("KeySearch"))
+        return 0;
+    return static_cast<cfg_file *>(file)->find(start, key, separator, value, found);
 }
 
 void CfgFileClose(void *file)
@@ -677,17 +655,12 @@ int event_parse(const unsigned char[16], unsigned int *severity, const char **de
     parsed = next < played->events.size() ? played->events[next++] : event{};
     *severity = parsed.severity;
     *description = parsed.is_described ? parsed.description.c_str() : nullptr;
-    return int(result_of("event_parse"));
+    return int(fails("event_parse") ? failure_of("event_parse") : result_of("event_parse"));
 }
 
 unsigned long event_get_code(const unsigned char[16]) { return parsed.code; }
 
-const char *get_sensor_type_name(unsigned char sensor_type)
-{
-    static char names[256][sizeof "Type 00h"];
-    snprintf(names[sensor_type], sizeof names[sensor_type], "Type %02Xh", sensor_type);
-    return names[sensor_type];
-}
+const char *get_sensor_type_name(unsigned char sensor_type) { return type_name(sensor_type); }
 
 int tar_gzip_pack(const char *, const char *, const char *archive) { return int(called("tar_gzip_pack", archive)); }
 
@@ -721,8 +694,8 @@ int set_bios_print_flag(int on) { return int(called("set_bios_print_flag", std::
 /// A full device, or a pipe that nobody reads, takes nothing.
 static ssize_t show(void *, const char *text, size_t size)
 {
-    if (played->screen == "full" || played->screen == "gone")
-        return 0;
+    if (fails("screen") || played->screen == "full" || played->screen == "gone")
+        return failure_of("screen");
     note('T', {text, size});
     return ssize_t(size);
 }
@@ -740,7 +713,7 @@ static void open_screen()
 void __wrap_exit(int status)
 {
     fflush(stdout);
-    written->terminal_changed = !terminal_is_as_before();
+    look_for_all_secrets();
     written->status = status;
     written->ended = true;
     _exit(0);
@@ -758,11 +731,11 @@ void play(const conversation &with, const fault_at &at, const std::string &root_
     for (const std::string &word : with.words)
         argv.push_back(const_cast<char *>(word.c_str()));
     argv.push_back(nullptr);
+    for (const int number : with.closed)
+        close(number);
     played = &with;
     written = &into;
     open_screen();
-    for (const int number : with.closed)
-        close(number);
     blocks_taken = 0;
     descriptors_before = descriptors_open();
     tool_main(int(with.words.size()), argv.data());

@@ -3,6 +3,7 @@
 #include "tests/faults/telling.h"
 
 #include <algorithm>
+#include <csignal>
 #include <unistd.h>
 
 std::string shown_from(const record &run, size_t place)
@@ -45,18 +46,39 @@ static bool start_up_and_tear_down(const judged &one)
     return in_order && torn_down == std::size(tear_down);
 }
 
-/// A file that lay there without being locked may stay.
+/// The call that failed.
+static std::string_view failed_call(const judged &one)
+{
+    size_t place = one.run.fault_step;
+    return is_failure(one.at.kind) ? one.run.next(place).text : "";
+}
+
+/// A file that lay there without being locked may stay, and so may one that could not be removed.
 static bool lock_file_is_gone(const judged &one)
 {
     bool was_locked = false;
     for (size_t place = 0; place < one.run.used;)
         was_locked = one.run.next(place).text == "lock" || was_locked;
-    return !was_locked || access((one.root + "/ipmc/usr/adduser_mutex").c_str(), F_OK) != 0;
+    return !was_locked || failed_call(one) == "vos_system" ||
+           access((one.root + "/ipmc/usr/adduser_mutex").c_str(), F_OK) != 0;
 }
 
-static bool terminal_is_as_before(const judged &one) { return !one.run.terminal_changed; }
+/// Then one more call changes which of them fail.
+static bool terminal_fails_anyway(const judged &one)
+{
+    return is_of_call(one.at.kind) && (one.said.has_results_of("tcgetattr") || one.said.has_results_of("tcsetattr"));
+}
+
+static bool terminal_is_as_before(const judged &one)
+{
+    return terminal_fails_anyway(one) || !(one.run.terminal_changed || one.run.changed_while_stopped) ||
+           failed_call(one) == "tcsetattr back";
+}
 static bool nobody_could_look(const judged &one) { return !one.run.typed_while_dumpable; }
 static bool secrets_are_gone(const judged &one) { return !one.run.held_secret; }
+
+/// What is left of a process that a signal ends, nobody may look into either.
+static bool nobody_can_look(const judged &one) { return !one.run.typed_secret || !one.run.is_dumpable; }
 static bool descriptors_are_closed(const judged &one) { return one.run.descriptors_left == 0; }
 
 /// The sensor data records that were read, two blocks each, stay for the run, and so does what reads them.
@@ -73,20 +95,23 @@ static bool memory_is_given_back(const judged &one)
     return one.run.blocks_left <= (reads > 0 ? reads + 1 : 0);
 }
 
-// The faulted exchange ----------------------------------------------------------------------------------------------
+// The fault --------------------------------------------------------------------------------------------------------
+
+static bool is_reached(const judged &one)
+{
+    return (is_of_call(one.at.kind) ? one.run.points : one.run.exchanges) >= one.at.place;
+}
 
 /// What came before the fault is what comes without it.
 static bool begins_as_usual(const judged &one)
 {
     const size_t same = one.run.fault_step;
-    return one.run.exchanges < one.at.exchange ||
+    return !is_reached(one) ||
            (same <= one.usual.used && std::equal(one.run.steps, one.run.steps + same, one.usual.steps));
 }
 
-static bool is_reached(const judged &one) { return one.run.exchanges >= one.at.exchange; }
-
 /// Whether the exchange takes several attempts without the fault.
-static bool is_retried(const judged &one) { return one.said.exchanges[one.at.exchange - 1].attempts.size() > 1; }
+static bool is_retried(const judged &one) { return one.said.exchanges[one.at.place - 1].attempts.size() > 1; }
 
 /// Nothing was sent more than five times; what could not be sent or got no right answer was sent five times.
 static bool is_sent_as_often(const judged &one)
@@ -108,33 +133,44 @@ static bool is_sent_as_often(const judged &one)
 /// long that took.
 static step next_telling(const record &run, size_t &place, std::string_view &request)
 {
+    static constexpr std::string_view passed_over = "PRZ";
     while (place < run.used) {
         const step now = run.next(place);
         if (now.kind == 'S' && now.text == request)
             continue;
         if (now.kind == 'S')
             request = now.text;
-        if (now.kind != 'R' && now.kind != 'Z')
+        if (passed_over.find(now.kind) == passed_over.npos)
             return now;
     }
     return {'\0', {}};
 }
 
-/// An exchange that succeeds at a later attempt changes nothing else.
+/// As far as the run goes, nothing that could be told from the usual one.
 static bool goes_on_as_usual(const judged &one)
 {
-    if (!is_outlived(one.at.kind) || is_retried(one))
-        return true;
     size_t usual = 0, run = 0;
     std::string_view usual_request, request;
     for (;;) {
         const step expected = next_telling(one.usual, usual, usual_request), now = next_telling(one.run, run, request);
+        if (now.kind == '\0')
+            return expected.kind == '\0' || !one.run.ended;
         if (expected.kind != now.kind || expected.text != now.text)
             return false;
-        if (now.kind == '\0')
-            return true;
     }
 }
+
+/// An exchange that succeeds at a later attempt changes nothing else.
+static bool is_outlived_unnoticed(const judged &one)
+{
+    return !is_outlived(one.at.kind) || is_retried(one) || goes_on_as_usual(one);
+}
+
+static bool is_as_usual_but_for_signal(const judged &one)
+{
+    return terminal_fails_anyway(one) || goes_on_as_usual(one);
+}
+static bool is_tried_again(const judged &one) { return one.at.kind != fault::interrupted || goes_on_as_usual(one); }
 
 // Brackets ----------------------------------------------------------------------------------------------------------
 
@@ -196,34 +232,88 @@ static bool brackets_are_closed(const judged &one)
 
 // -------------------------------------------------------------------------------------------------------------------
 
+// Signals -----------------------------------------------------------------------------------------------------------
+
+/// While it upgrades the firmware, which it says first, the tool is not to be stopped from the terminal. Whether it has
+/// said so by the first call behind the signal.
+static bool is_upgrading(const judged &one)
+{
+    for (size_t place = 0; place < one.run.used;) {
+        const size_t start = place;
+        const step now = one.run.next(place);
+        if (now.kind == 'T' && now.text.find("the Zentro is working while upgrading!") != now.text.npos)
+            return true;
+        if (now.kind == 'P' && start > one.run.fault_step)
+            return false;
+    }
+    return false;
+}
+
+static bool signal_has_its_effect(const judged &one)
+{
+    const int number = int(one.at.value);
+    const bool from_terminal = number == SIGINT || number == SIGTSTP;
+    if (number == SIGPIPE || number == SIGXFSZ)
+        return one.run.ended;
+    if (number == SIGTSTP)
+        return one.run.ended && one.run.stops == (is_upgrading(one) ? 0U : 1U);
+    return one.run.ended_by == number || (one.run.ended && from_terminal && is_upgrading(one));
+}
+
+// -------------------------------------------------------------------------------------------------------------------
+
 static bool fault_is_told(const judged &one) { return !is_reached(one) || tells(one); }
+static bool no_success_is_told(const judged &one)
+{
+    return !is_failure(one.at.kind) || !tells_success(one, failed_call(one));
+}
+
+/// What a rule is for.
+enum : unsigned { no_fault = 1, exchanges = 2, failures = 4, signals = 8, kills = 16 };
+static constexpr unsigned ending = no_fault | exchanges | failures, all = ending | signals | kills;
+
+static unsigned sort_of(fault kind)
+{
+    if (kind == fault::none)
+        return no_fault;
+    if (!is_of_call(kind))
+        return exchanges;
+    return kind == fault::signal_comes ? signals : kind == fault::is_killed ? kills : failures;
+}
 
 struct rule {
+    unsigned of;
     const char *words;
     bool (*holds)(const judged &);
 };
 static constexpr rule rules[] = {
-    {"the tool comes to its end, by exit()", ended},
-    {"it does so within a bounded number of platform calls", ended_in_time},
-    {"its exit status is 0", status_is_0},
-    {"start-up and tear-down are complete and in order", start_up_and_tear_down},
-    {"the add-user lock's file is gone", lock_file_is_gone},
-    {"the terminal is in the mode it was in", terminal_is_as_before},
-    {"no key of a hidden word is read while others may look into the process", nobody_could_look},
-    {"no trace of a secret is in memory", secrets_are_gone},
-    {"what was opened is closed", descriptors_are_closed},
-    {"what was allocated is given back", memory_is_given_back},
-    {"before the fault all is as without it", begins_as_usual},
-    {"the faulted request is reached", is_reached},
-    {"a request is sent as often as its answers demand", is_sent_as_often},
-    {"a fault that the next attempt outlives changes nothing else", goes_on_as_usual},
-    {"a bracket that was opened is closed", brackets_are_closed},
-    {"the fault is told, and no success with it", fault_is_told},
+    {ending, "the tool comes to its end, by exit()", ended},
+    {all, "it does so within a bounded number of platform calls", ended_in_time},
+    {ending, "its exit status is 0", status_is_0},
+    {ending, "start-up and tear-down are complete and in order", start_up_and_tear_down},
+    {signals, "a signal ends or stops the tool, or is ignored, as it should", signal_has_its_effect},
+    {ending | signals, "the add-user lock's file is gone", lock_file_is_gone},
+    {ending | signals, "the terminal is in the mode it was in", terminal_is_as_before},
+    {all, "no key of a hidden word is read while others may look into the process", nobody_could_look},
+    {signals, "nobody may look into a process that has read one", nobody_can_look},
+    {ending, "no trace of a secret is in memory", secrets_are_gone},
+    {ending, "what was opened is closed", descriptors_are_closed},
+    {ending, "what was allocated is given back", memory_is_given_back},
+    {all, "before the fault all is as without it", begins_as_usual},
+    {all, "the fault is reached", is_reached},
+    {exchanges, "a request is sent as often as its answers demand", is_sent_as_often},
+    {exchanges, "a fault that the next attempt outlives changes nothing else", is_outlived_unnoticed},
+    {failures, "an interrupted call is made again", is_tried_again},
+    {signals, "a signal changes nothing else", is_as_usual_but_for_signal},
+    {ending | signals, "a bracket that was opened is closed", brackets_are_closed},
+    {exchanges, "the fault is told, and no success with it", fault_is_told},
+    {failures, "no success is told after a failed call that it needs", no_success_is_told},
 };
 
 const char *broken_rule(const judged &one)
 {
-    const auto broken =
-        std::find_if_not(std::begin(rules), std::end(rules), [&](const rule &each) { return each.holds(one); });
+    const unsigned sort = sort_of(one.at.kind);
+    const auto broken = std::find_if_not(std::begin(rules), std::end(rules),
+                                         [&](const rule &each) { return (each.of & sort) == 0 || each.holds(one); });
     return broken != std::end(rules) ? broken->words : nullptr;
 }

@@ -1,5 +1,6 @@
 #include "tests/faults/telling.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -190,7 +191,7 @@ static bool gate_refuses(const std::string &shown, const judged &one)
     static constexpr char unanswered[] = "send 'Get User Access Command' failed!",
                           refused[] = "Get User Access Command failed!";
     const char *const text = is_refusal(one.at.kind) ? refused : unanswered;
-    return one.at.exchange == 1 && one.said.user != 0 && !shows_success(shown) && shown.find(text) != std::string::npos;
+    return one.at.place == 1 && one.said.user != 0 && !shows_success(shown) && shown.find(text) != std::string::npos;
 }
 
 /// A code that says what the controller means by it has a sentence instead, and is not shown.
@@ -214,4 +215,70 @@ bool tells(const judged &one)
     if (one.said.shown.find("success") == std::string::npos && !shows_success(shown))
         return true;  // it fails without the fault as well, and the last failure may be the one that is told
     return gate_refuses(shown, one) || shows_meaning(shown, one) || deviates_as_listed(shown, one, frame);
+}
+
+// Calls that fail, and the command succeeds all the same ------------------------------------------------------------
+
+struct needless_call {
+    const char *dataitems;  // words, or nothing for all
+    const char *call, *why;
+};
+static constexpr needless_call needless_calls[] = {
+    // The frame of every run
+    {"", "cpld_init", "what is wrong shows where it is needed"},
+    {"", "fpga_Init", "as above"},
+    {"", "ipc_no_listen_init", "it is told, and requests fail if they do"},
+    {"", "CfgFileOpenReadOnly", "the profile has values of its own"},
+    {"", "KeySearch", "as above"},
+    {"", "get_mac_num", "as above"},
+    {"", "vos_get_file_length", "a blacklist that cannot be read disables nothing"},
+    {"", "malloc", "as above"},
+    {"", "open", "as above"},
+    {"", "fstat", "as above"},
+    {"", "read", "as above"},
+    {"", "close", "what was read is read"},
+    {"", "screen", "what cannot be shown is done all the same"},
+    {"", "vos_zentro_log", "so is what cannot be recorded"},
+
+    // Requests
+    {"", "ipc_msg_send", "the next attempt succeeds, or a sweep of the requests has it"},
+    {"", "ipc_msg_recv", "as above"},
+
+    // Keys
+    {"", "isatty", "the rest of the line is left to the shell"},
+    {"", "poll", "as above"},
+    {"", "key of the rest", "as above"},
+    {"", "tcsetattr back", "the word has been read"},
+
+    // Commands
+    {"readeeprom", "i2c_write_read", "it tells which block failed, and then of a success"},
+    {"readeeprom", "mkostemp", "it tells of the file, and then of a success"},
+    {"readeeprom", "rename", "as above"},
+    {"readeeprom", "unlink", "as above"},
+    {"readeeprom", "write", "Kept: a success whatever came of it"},
+    {"readeeprom", "fchmod", "as above"},
+    {"webrestart upgradebios", "vos_system", "nobody asks what came of the programs"},
+    {"upgrade", "vos_get_file_name", "the record lacks the name"},
+    {"", "calloc", "a sensor data record there is no memory for is passed over"},
+    {"adduser", "vos_system", "a lock's file that stays is taken over by the next one"},
+    {"zntool", "", "a log that cannot be had keeps neither the others nor the other information out"},
+};
+
+static bool records_success(const record &run, size_t place)
+{
+    while (place < run.used)
+        if (const step one = run.next(place); one.kind == 'L' && one.text.find("success") != one.text.npos)
+            return true;
+    return false;
+}
+
+bool tells_success(const judged &one, std::string_view failed_call)
+{
+    const std::string_view dataitem = dataitem_of(one.said);
+    const bool is_needless =
+        std::any_of(std::begin(needless_calls), std::end(needless_calls), [&](const needless_call &row) {
+            return (*row.call == '\0' || row.call == failed_call) && holds_word(row.dataitems, dataitem);
+        });
+    return !is_needless &&
+           (shows_success(shown_from(one.run, one.run.fault_step)) || records_success(one.run, one.run.fault_step));
 }

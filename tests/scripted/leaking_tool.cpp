@@ -46,6 +46,14 @@ static void read_key_of_a_dumpable()
     tcsetattr(STDIN_FILENO, TCSANOW, &before);
 }
 
+/// Leaves nothing, but waits until it has been typed, and shown.
+static void read_line()
+{
+    char line[64];
+    const ssize_t length = read(STDIN_FILENO, line, sizeof line);
+    vos_memset(line, sizeof line, 0, size_t(length > 0 ? length : 0));
+}
+
 static void leave(std::string_view place, const char *word)
 {
     if (place == "static" || place == "wiped")
@@ -62,6 +70,8 @@ static void leave(std::string_view place, const char *word)
         leave_on_the_stack(word);
     if (place == "heap" || place == "freed")
         leave_on_the_heap(word, place == "freed");
+    if (place == "shown")
+        read_line();
     if (place == "dumpable")
         read_key_of_a_dumpable();
 }

@@ -27,8 +27,10 @@
 ///   mode raw | mode hidden | mode shown
 /// with texts in hexadecimal behind "s:".
 #include "platform/platform.h"
+#include "tests/scripted/parts.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cerrno>
 #include <climits>
 #include <csignal>
@@ -40,16 +42,14 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
 #include <vector>
-
-#define ABI extern "C" [[gnu::visibility("default")]]
 
 namespace
 {
@@ -84,7 +84,7 @@ struct event {
 /// What of a file cannot be read.
 struct damage {
     std::string path;
-    off_t from, to;
+    long from, to;
 };
 
 struct script {
@@ -121,9 +121,8 @@ std::string quoted(const char *text) { return text == nullptr ? "null" : "s:" + 
 std::vector<unsigned char> unhex(const char *text, unsigned mask = 0)
 {
     std::vector<unsigned char> bytes;
-    unsigned value = 0;
-    for (int used = 0; sscanf(text, "%2x%n", &value, &used) == 1; text += used)
-        bytes.push_back(static_cast<unsigned char>(value ^ mask));
+    for (text += strspn(text, " "); isxdigit(text[0]) && isxdigit(text[1]); text += 2)
+        bytes.push_back(static_cast<unsigned char>(std::stoul(std::string(text, 2), nullptr, 16) ^ mask));
     return bytes;
 }
 
@@ -352,16 +351,7 @@ long called(const char *name, const std::string &arguments = "", long otherwise 
     return result_of(name, otherwise);
 }
 
-/// Where a path of the controller lies in the run's own folder. One that lies there already stays.
-std::string found_at(const char *path)
-{
-    static constexpr const char *folders[] = {"/data", "/ipmc", "/web", "/ko", "/tmp"};
-    if (played != nullptr && !played->root.empty() && strncmp(path, played->root.c_str(), played->root.size()) != 0)
-        for (const char *folder : folders)
-            if (strncmp(path, folder, strlen(folder)) == 0 && strchr("/", path[strlen(folder)]) != nullptr)
-                return played->root + path;
-    return path;
-}
+std::string found_at(const char *path) { return played != nullptr ? found_in(played->root, path) : path; }
 
 // The screen --------------------------------------------------------------------------------------------------------
 
@@ -401,10 +391,25 @@ ssize_t show(void *, const char *text, size_t size)
 ABI uid_t geteuid() noexcept { return played != nullptr ? played->uid : 0; }
 ABI uid_t getuid() noexcept { return played != nullptr ? played->real_uid : 0; }
 
+/// What the linker knows a call by. Where times are wider than words, headers put other routines in place of some.
+static const char *linked_name(const char *name)
+{
+    static constexpr const char *wide[][2] = {
+        {"fcntl", "__fcntl_time64"}, {"lseek", "lseek64"}, {"lstat", "__lstat64_time64"},
+        {"mkostemp", "mkostemp64"},  {"open", "open64"},   {"readdir", "readdir64"},
+        {"stat", "__stat64_time64"},
+    };
+    if (sizeof(time_t) > sizeof(long))
+        for (const auto &[plain, linked] : wide)
+            if (strcmp(name, plain) == 0)
+                return linked;
+    return name;
+}
+
 template <typename routine>
 static routine real(const char *name)
 {
-    return reinterpret_cast<routine>(dlsym(RTLD_NEXT, name));
+    return reinterpret_cast<routine>(dlsym(RTLD_NEXT, linked_name(name)));
 }
 
 /// The controller's path of an open file.
@@ -438,32 +443,17 @@ static struct {
     mode_t mode = 0;
 } made;
 
-static int open_found(const char *name, const char *path, int flags, va_list values)
-{
-    const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(values, mode_t) : 0;
-    if (played != nullptr && fails("open", std::string(path)))
-        return -1;
-    const int file = real<int (*)(const char *, int, ...)>(name)(found_at(path).c_str(), flags, mode);
-    if ((flags & O_CREAT) != 0)
-        made = {file, path, mode};
-    return file;
-}
-
 ABI int open(const char *path, int flags, ...)
 {
     va_list values;
     va_start(values, flags);
-    const int file = open_found("open", path, flags, values);
+    const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(values, mode_t) : 0;
     va_end(values);
-    return file;
-}
-
-ABI int open64(const char *path, int flags, ...)
-{
-    va_list values;
-    va_start(values, flags);
-    const int file = open_found("open64", path, flags, values);
-    va_end(values);
+    if (played != nullptr && fails("open", std::string(path)))
+        return -1;
+    const int file = real<int (*)(const char *, int, ...)>("open")(found_at(path).c_str(), flags, mode);
+    if (played != nullptr && (flags & O_CREAT) != 0)
+        made = {file, path, mode};
     return file;
 }
 
@@ -563,15 +553,7 @@ static struct {
 ABI DIR *opendir(const char *path)
 {
     DIR *folder = real<DIR *(*)(const char *)>("opendir")(found_at(path).c_str());
-    listed = {folder, {}};
-    while (folder != nullptr) {
-        const dirent *entry = real<dirent *(*)(DIR *)>("readdir")(folder);
-        if (entry == nullptr)
-            break;
-        listed.entries.push_back(*entry);
-    }
-    std::sort(listed.entries.begin(), listed.entries.end(),
-              [](const dirent &a, const dirent &b) { return strcmp(a.d_name, b.d_name) < 0; });
+    listed = {folder, sorted_entries(folder, real<dirent *(*)(DIR *)>("readdir"))};
     return folder;
 }
 
@@ -610,7 +592,7 @@ ABI ssize_t write(int file, const void *from, size_t size)
 static int locked_file = -1;
 
 /// The result: a negative one is the error that the lock is refused with; 1 grants it once its holder has removed the
-/// file.
+/// file, 2 once another run has made a new one besides.
 static int lock(int file, const struct flock *range)
 {
     const bool is_whole = file == made.file && range->l_whence == SEEK_SET && (fcntl(file, F_GETFL) & O_RDWR) != 0;
@@ -622,6 +604,8 @@ static int lock(int file, const struct flock *range)
     locked_file = file;
     if (result > 0)
         unlink(made.path.c_str());
+    if (result > 1)
+        std::ofstream(found_at(made.path.c_str()));
     errno = result < 0 ? static_cast<int>(-result) : errno;
     return result < 0 ? -1 : 0;
 }
@@ -717,46 +701,6 @@ ABI int ipc_msg_recv(void *message)
 
 // OS abstraction ----------------------------------------------------------------------------------------------------
 
-ABI int vos_memset(void *to, size_t to_size, int value, size_t count)
-{
-    if (count > to_size)
-        return -1;
-    memset(to, value, count);
-    asm volatile("" ::"r"(to) : "memory");
-    return 0;
-}
-
-ABI int vos_memcpy(void *to, size_t to_size, const void *from, size_t count)
-{
-    if (count > to_size)
-        return -1;
-    memcpy(to, from, count);
-    return 0;
-}
-
-ABI int vos_strncpy(char *to, size_t to_size, const char *from, size_t count)
-{
-    const size_t length = std::min(strnlen(from, count), to_size - 1);
-    memcpy(to, from, length);
-    to[length] = '\0';
-    return 0;
-}
-
-ABI int vos_strncat(char *to, size_t to_size, const char *from, size_t count)
-{
-    const size_t used = strnlen(to, to_size);
-    return vos_strncpy(to + used, to_size - used, from, count);
-}
-
-ABI int vos_snprintf(char *to, size_t to_size, const char *format, ...)
-{
-    va_list values;
-    va_start(values, format);
-    const int length = vsnprintf(to, to_size, format, values);
-    va_end(values);
-    return length;
-}
-
 ABI void vos_task_delay(unsigned int milliseconds) { slept(1000ULL * milliseconds); }
 ABI void vos_task_delay_us(unsigned int microseconds) { slept(microseconds); }
 
@@ -765,34 +709,13 @@ static constexpr long unasked = LONG_MIN;
 
 static bool is_unpacker(const char *path) { return strcmp(path, "/bin/tar") == 0; }
 
-/// The archiver is really run, with the controller's folders where they lie; what it has to say is not shown.
-static int unpack(char *const argv[])
-{
-    std::vector<std::string> words;
-    for (int n = 0; argv[n] != nullptr; ++n)
-        words.push_back(found_at(argv[n]));
-    const pid_t child = fork();
-    if (child == 0) {
-        std::vector<char *> own;
-        for (std::string &word : words)
-            own.push_back(word.data());
-        own.push_back(nullptr);
-        dup2(open("/dev/null", O_WRONLY), STDERR_FILENO);
-        execv(own[0], own.data());
-        _exit(127);
-    }
-    int status = -1;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
 static int run(const char *name, const char *path, char *const argv[])
 {
     std::string words = quoted(path);
     for (int n = 0; argv[n] != nullptr; ++n)
         words += " " + quoted(argv[n]);
     const long result = called(name, words, is_unpacker(path) ? unasked : 0);
-    return result == unasked ? unpack(argv) : static_cast<int>(result);
+    return result == unasked ? unpack(played->root, argv) : static_cast<int>(result);
 }
 ABI int vos_system(const char *path, char *const argv[]) { return run("vos_system", path, argv); }
 ABI int vos_environ_system(const char *path, char *const argv[]) { return run("vos_environ_system", path, argv); }
@@ -852,14 +775,6 @@ ABI int vos_zentro_log(unsigned int log_class, const char *user, const char *ori
 
 // Configuration parser ----------------------------------------------------------------------------------------------
 
-namespace
-{
-struct cfg_file {
-    std::string text;
-    std::string value;
-};
-}  // namespace
-
 ABI void *CfgFileOpenReadOnly(const char *path)
 {
     called("CfgFileOpenReadOnly", quoted(path));
@@ -870,27 +785,7 @@ ABI void *CfgFileOpenReadOnly(const char *path)
 ABI long KeySearch(void *file, long start, const char *key, const char *separator, char **value, int *found)
 {
     called("KeySearch", std::to_string(start) + " " + quoted(key));
-    auto &cfg = *static_cast<cfg_file *>(file);
-    cfg.value.clear();
-    *value = cfg.value.data();
-    *found = 0;
-    const size_t length = strlen(key);
-    size_t line = start > 0 ? static_cast<size_t>(start) - 1 : 0;
-    for (bool first = true; line < cfg.text.size(); first = false) {
-        const size_t end = std::min(cfg.text.find_first_of("\r\n", line), cfg.text.size());
-        if (key[0] != '[' && cfg.text[line] == '[' && !first)
-            return 0;
-        if (cfg.text.compare(line, length, key) == 0) {
-            const size_t at = cfg.text.substr(0, end).find(separator, line);
-            if (at != std::string::npos)
-                cfg.value = cfg.text.substr(at + strlen(separator), end - at - strlen(separator));
-            *value = cfg.value.data();
-            *found = 1;
-            return static_cast<long>(line) + 1;
-        }
-        line = end + 1;
-    }
-    return 0;
+    return static_cast<cfg_file *>(file)->find(start, key, separator, value, found);
 }
 
 ABI void CfgFileClose(void *file)
@@ -925,13 +820,10 @@ ABI unsigned long event_get_code(const unsigned char record[16])
     return parsed.code;
 }
 
-/// "Type 04h"
 ABI const char *get_sensor_type_name(unsigned char sensor_type)
 {
-    static char names[256][sizeof "Type 00h"];
     looked_up("get_sensor_type_name", std::to_string(sensor_type));
-    snprintf(names[sensor_type], sizeof names[sensor_type], "Type %02Xh", sensor_type);
-    return names[sensor_type];
+    return type_name(sensor_type);
 }
 
 /// The files are traced, and no archive is made.
@@ -958,7 +850,15 @@ ABI int tar_gzip_pack(const char *directory, const char *pattern, const char *ar
 ABI int cpld_init() { return static_cast<int>(called("cpld_init")); }
 ABI int fpga_Init() { return static_cast<int>(called("fpga_Init")); }
 ABI void cpld_clean() { called("cpld_clean"); }
-ABI void fpga_clean() { called("fpga_clean"); }
+
+/// The tool's last call. What a build that counts its lines writes down at the end is no part of the play.
+ABI void fpga_clean()
+{
+    called("fpga_clean");
+    delete played;
+    played = nullptr;
+}
+
 ABI int get_mac_num() { return static_cast<int>(called("get_mac_num")); }
 
 /// What is read is all "E"; nothing is when the call fails.

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """The search for secrets in the tool's memory finds them: a stand-in for the tool leaves one in every sort of place.
 
-LEAKING_TOOL and SCRIPTED_PLATFORM_LIBRARY name the two programs."""
+LEAKING_TOOL and SCRIPTED_PLATFORM_LIBRARY name the two programs, EMULATOR what runs them if they are another machine's."""
 import os
 import subprocess
 import sys
@@ -20,7 +20,8 @@ class secrets(unittest.TestCase):
         with tempfile.NamedTemporaryFile("w", suffix=".t") as transcript:
             print("# a secret", f"$ tool {place} {WORD}", *events, sep="\n", file=transcript, flush=True)
             tool, platform = os.environ["LEAKING_TOOL"], os.environ["SCRIPTED_PLATFORM_LIBRARY"]
-            words = [sys.executable, RUNNER, "--tool", tool, "--platform", platform, transcript.name]
+            emulator = ["--emulator", os.environ.get("EMULATOR", "")]
+            words = [sys.executable, RUNNER, "--tool", tool, "--platform", platform, *emulator, transcript.name]
             run = subprocess.run(words, stdout=subprocess.PIPE, text=True)
         return run.returncode == 0, run.stdout
 
@@ -64,7 +65,7 @@ class secrets(unittest.TestCase):
         self.assertIn("+ dumpable", output)
 
     def test_a_terminal_that_shows_it(self):
-        good, output = self.play("wiped", f'secret "{SECRET}"', f'keys "{SECRET}\\n"', "sleep 1000")
+        good, output = self.play("shown", f'secret "{SECRET}"', f'keys "{SECRET}\\n"', "sleep 1000")
         self.assertFalse(good, output)
         self.assertIn(f"b'{SECRET}' on the terminal", output)
 

@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""A signal at every exchange inside every bracket that a transcript opens: the bracket is closed, then the tool ends.
+"""A signal at every exchange inside every bracket that a transcript opens: the bracket is closed, then the tool ends. The
+same while the add-user lock is held: its file is removed.
 
 TOOL and SCRIPTED_PLATFORM_LIBRARY name the two programs."""
 import copy
@@ -51,6 +52,21 @@ def receives_in_brackets(transcript):
     return places
 
 
+def receives_under_lock(transcript):
+    receives = [place for place, line in enumerate(transcript.script) if line.startswith("recv ")]
+    places, is_locked = [], False
+    for event in transcript.events:
+        if event[0] == "call" and event[1].startswith("lock "):
+            is_locked = True
+        elif event == ("call", "unlock"):
+            is_locked = False
+        elif event[0] == "recv":
+            place = receives.pop(0)
+            if is_locked:
+                places.append(place)
+    return places
+
+
 def with_signal(transcript, place, number):
     changed = copy.deepcopy(transcript)
     changed.script.insert(place + 1, f"signal recv {number.value}")
@@ -58,19 +74,36 @@ def with_signal(transcript, place, number):
     return changed
 
 
+def up_to_next_prompt(events):
+    """Behind the add-user lock a user who has a name is asked for a password."""
+    prompts = (n for n, event in enumerate(events) if event[0] == "screen" and event[1].startswith(b"Password:"))
+    return events[: next(prompts, None)]
+
+
 class brackets(unittest.TestCase):
+    def play(self, changed, receive):
+        with self.subTest(transcript=changed.where, receive=receive, signal=changed.ending):
+            run = runner.play(changed, changed.commands[0], TOOL, PLATFORM)
+            self.assertEqual(runner.faults_of(changed, run), [])
+
     def test_every_transcript(self):
         played = 0
         for path in sorted(FOLDER.glob("*/*.t")):
             for transcript in runner.Reader(path).transcripts():
                 for place in receives_in_brackets(transcript) if not transcript.ending else []:
-                    number = next(SIGNALS)
-                    with self.subTest(transcript=transcript.where, receive=transcript.script[place], signal=number):
-                        changed = with_signal(transcript, place, number)
-                        run = runner.play(changed, changed.commands[0], TOOL, PLATFORM)
-                        self.assertEqual(runner.faults_of(changed, run), [])
+                    self.play(with_signal(transcript, place, next(SIGNALS)), transcript.script[place])
                     played += 1
         self.assertGreater(played, 100)
+
+    def test_the_add_user_lock(self):
+        """At every 29th of so many exchanges: another one in each transcript."""
+        transcripts = [each for each in runner.Reader(FOLDER / "user/adduser.t").transcripts() if not each.ending]
+        places = [(each, place) for each in transcripts for place in receives_under_lock(each)]
+        self.assertGreater(len(places), 1000)
+        for transcript, place in places[::29]:
+            changed = with_signal(transcript, place, next(SIGNALS))
+            changed.events = up_to_next_prompt(changed.events)
+            self.play(changed, transcript.script[place])
 
 
 if __name__ == "__main__":

@@ -145,7 +145,7 @@ class terminal(unittest.TestCase):
     def test_a_signal_ends_a_hidden_word_on_a_console_without_job_control(self):
         self.end_at_each_key(signal.SIGTERM, job=False)
 
-    def stop_at_each_key(self, stop):
+    def stop_at_each_key(self, stop, **more):
         """Stopped and continued, the tool goes on with the key that it waited for; nothing is shown."""
 
         def check(session, keys, *_):
@@ -155,7 +155,7 @@ class terminal(unittest.TestCase):
             session.type_each(keys, session.modes().count("raw"))
             self.assert_ends(session, NOT_THE_SAME_SHOWN)
 
-        self.at_each_key(lambda _: NOT_THE_SAME.removeprefix(NEW), check)
+        self.at_each_key(lambda _: NOT_THE_SAME.removeprefix(NEW), check, **more)
 
     def go_on_hidden(self, session):
         modes = len(session.modes())
@@ -169,12 +169,16 @@ class terminal(unittest.TestCase):
             with self.subTest(signal=number):
                 self.stop_at_each_key(lambda session, number=number: session.stop(number))
 
-    def test_a_tool_that_is_stopped_without_notice_hides_the_terminal_again(self):
-        def stop(session):
-            session.stop(signal.SIGSTOP)
-            termios.tcsetattr(session.child, termios.TCSANOW, session.before)  # as a shell does
+    @staticmethod
+    def stop_without_notice(session):
+        session.stop(signal.SIGSTOP)
+        termios.tcsetattr(session.child, termios.TCSANOW, session.before)  # as a shell does
 
-        self.stop_at_each_key(stop)
+    def test_a_tool_that_is_stopped_without_notice_hides_the_terminal_again(self):
+        self.stop_at_each_key(self.stop_without_notice)
+
+    def test_on_a_console_without_job_control_it_does_so_too(self):
+        self.stop_at_each_key(self.stop_without_notice, job=False)
 
     def test_in_the_background_the_terminal_is_left_alone(self):
         def stop(session):

@@ -59,6 +59,17 @@ TEST_F(board_file, empty_values_are_missing_ones)
     EXPECT_STREQ(board.mac_name, "NIC");
 }
 
+TEST_F(board_file, values_without_a_text_are_missing_ones_too)
+{
+    stub.config = {{1, "[FRU_PROPERTITY]", ""},
+                   {2, "Fru_Num", "3", false},
+                   {3, "[FAN_PROPERTITY]", ""},
+                   {4, "FAN_MinLevel", "25", false}};
+    EXPECT_EQ(printed(read_board_profile), "");
+    EXPECT_EQ(board.fru_count, 1);
+    EXPECT_EQ(board.min_fan_level, 30);
+}
+
 TEST_F(board_file, numbers_are_what_the_values_begin_with)
 {
     struct {

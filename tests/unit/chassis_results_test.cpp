@@ -1,6 +1,8 @@
-/// What the handlers of host, boot and panel return, which no command line shows.
+/// What the handlers of host, boot and panel return, which no command line shows, and where memory runs out.
 #include "tests/unit/conversation.h"
+#include "tests/unit/failing_call.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <unistd.h>
 #include <utility>
@@ -156,4 +158,21 @@ TEST_F(chassis_result, printscreen_succeeds_also_when_nobody_answers)
     returns(0, "printscreen", {}, 0, {{"30 93  D9 7E 00 03 00 00", "C1"}});
     returns(0, "printscreen", {"-v"});
     returns(0, "printscreen", {"-v", "x"});
+}
+
+TEST_F(chassis_result, ipmctime_without_memory)
+{
+    const failing_call no_memory("calloc", ENOMEM);
+    EXPECT_EQ(run(top_level_dataitems, "ipmctime", {"-v", "2020-01-01", "10:00:00"}, 0),
+              "Set ipmc time failed, error code: 0x50000000\r\n");
+    EXPECT_EQ(g_error_code, 0x50000000U);
+}
+
+TEST_F(chassis_result, readeeprom_without_memory_reads_nothing_and_succeeds_all_the_same)
+{
+    const failing_call no_memory("calloc", ENOMEM);
+    EXPECT_EQ(run(maintenance_dataitems, "readeeprom", {}, 1),
+              "malloc failed!\r\n\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n");
+    EXPECT_EQ(logged(),
+              std::vector<std::string>{"2 Zentro Read eeprom to file /tmp/eeprom.bin success, EvtCode:0x20201480"});
 }

@@ -1,6 +1,7 @@
 /// The export of logs from folders that are only told of: nothing is read or made on the machine's own disk.
 #include "sel/export.h"
 
+#include "tests/unit/failing_call.h"
 #include "tests/unit/platform_stub.h"
 
 #include <cerrno>
@@ -21,6 +22,7 @@ struct told_disk {
     std::vector<std::string> logs = {};     // in /data/share/sel/
     bool has_folder = true;                 // that of the logs
     bool may_make = true;                   // one in /tmp
+    bool may_list = true;                   // and what lies there
     std::vector<std::string> entries = {};  // of the folder being listed, still to come
     std::vector<int> at_conversion = {};    // export_progress when a log is opened
     int at_packing = -1;                    // and right before the tables are packed
@@ -66,7 +68,7 @@ DIR *opendir(const char *path)
         return real<DIR *(*)(const char *)>("opendir")(path);
     const bool is_of_logs = strcmp(path, "/data/share/sel/") == 0;
     disk->entries = is_of_logs ? disk->logs : std::vector<std::string>{};
-    return is_of_logs && !disk->has_folder ? nullptr : reinterpret_cast<DIR *>(&folder_of_disk);
+    return (is_of_logs ? disk->has_folder : disk->may_list) ? reinterpret_cast<DIR *>(&folder_of_disk) : nullptr;
 }
 
 dirent *readdir(DIR *folder)
@@ -96,8 +98,10 @@ int open(const char *path, int flags, ...)
     va_start(values, flags);
     const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(values, mode_t) : 0;
     va_end(values);
+    if (fails("open"))
+        return -1;
     if (disk == nullptr || !begins(path, "/tmp/"))
-        return real<int (*)(const char *, int, ...)>("open")(path, flags, mode);
+        return real<int (*)(const char *, int, ...)>("open")(on_disk(path), flags, mode);
     if (std::string(path).ends_with(".bin"))
         disk->at_conversion.push_back(export_progress);
     errno = ENOENT;
@@ -148,6 +152,8 @@ TEST(sel_export, that_fails_ends_at_100_too)
     EXPECT_EQ(told_export({.has_folder = false}).result, -1);
     EXPECT_EQ(export_progress, 100);
     EXPECT_EQ(told_export({.logs = {"sel.bin"}, .may_make = false}).result, -1);
+    EXPECT_EQ(export_progress, 100);
+    EXPECT_EQ(told_export({.logs = {"sel.bin"}, .may_list = false}).result, -1);
     EXPECT_EQ(export_progress, 100);
 }
 

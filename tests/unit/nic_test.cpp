@@ -144,3 +144,10 @@ TEST_F(eth0_port, a_refused_vlan_shows_whatever_failed_before)
     wire("0C 01  01 00 00", "C1");
     EXPECT_EQ(run(eth0_dataitems, "vlan", {"-v", "100"}, 0), "Set eth0 vlan failed, error code: 0x12345678\r\n");
 }
+
+TEST_F(eth1_port, a_caller_who_is_refused_changes_and_records_nothing)
+{
+    stub.account = 499;
+    EXPECT_EQ(run({"-v", "enabled"}, 0), "Insufficient privilege level\r\n");
+    EXPECT_EQ(logged(), records{});
+}

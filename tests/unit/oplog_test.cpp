@@ -22,6 +22,7 @@ TEST_F(oplog, buffers_must_be_there)
     static constexpr char text[] = "get_username_ip: parameter invalid.\r\n";
     EXPECT_EQ(printed([&] { EXPECT_EQ(get_username_ip(nullptr, 64, buffer, 64), 0); }), text);
     EXPECT_EQ(printed([&] { EXPECT_EQ(get_username_ip(buffer, 64, nullptr, 64), 0); }), text);
+    EXPECT_EQ(printed([&] { EXPECT_EQ(get_username_ip(buffer, 64, buffer, 0), 0); }), text);
     EXPECT_STREQ(buffer, "as it was");
 }
 

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstring>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 platform_stub stub;
 
@@ -13,6 +14,12 @@ void reset_stub()
 {
     stub = {};
     g_error_code = 0;
+}
+
+const char *on_disk(const char *path)
+{
+    const bool is_lock = !stub.lock_file.empty() && strcmp(path, "/ipmc/usr/adduser_mutex") == 0;
+    return is_lock ? stub.lock_file.c_str() : path;
 }
 
 byte_text answer_to(const byte_text &frame, const byte_text &data)
@@ -29,6 +36,8 @@ std::string printed(const std::function<void()> &run)
     fflush(stdout);
     return testing::internal::GetCapturedStdout();
 }
+
+uid_t geteuid() noexcept { return stub.account; }
 
 // Message library ---------------------------------------------------------------------------------------------------
 
@@ -124,7 +133,7 @@ long KeySearch(void *file, long start, const char *key, const char *separator, c
     EXPECT_STREQ(separator, "=");
     for (auto &line : stub.config)
         if (line.position >= start && line.key == key) {
-            *value = line.value.data();
+            *value = line.has_text ? line.value.data() : nullptr;
             *found = 1;
             return line.position;
         }

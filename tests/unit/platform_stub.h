@@ -31,10 +31,13 @@ struct platform_stub {
     struct config_line {
         long position;
         std::string key, value;
+        bool has_text = true;  // or the parser gives none
     };
     std::vector<config_line> config;
     int mac_num = 0;
+    unsigned account = 0;   // that the tool seems to run under
     long file_length = -1;  // of any file
+    std::string lock_file;  // what lies in place of /ipmc/usr/adduser_mutex
 
     std::vector<byte_text> sent;
     unsigned receives = 0;
@@ -42,6 +45,9 @@ struct platform_stub {
     std::vector<log_entry> logged;
 };
 extern platform_stub stub;
+
+/// Where a path of the controller lies.
+const char *on_disk(const char *path);
 
 /// A fresh stub, and a tool as at its start but for the sequence counter.
 void reset_stub();

@@ -2,6 +2,9 @@
 #include "network/port_address.h"
 
 #include "tests/unit/conversation.h"
+#include "tests/unit/failing_call.h"
+
+#include <cerrno>
 
 class eth1_address : public conversation
 {
@@ -269,4 +272,18 @@ TEST_F(eth1_address, ipv6_addresses_go_last_byte_first_and_what_is_none_is_all_z
         EXPECT_EQ(logged().back(),
                   std::string("2 Network Set shared Eth IPv6 gateway(") + text + ") success,EvtCode:0x212006B0");
     }
+}
+
+TEST_F(eth1_address, a_library_that_knows_no_ipv6_refuses_every_address)
+{
+    static constexpr char refusal[] = "Input parameter format invalid.\r\n";
+    {
+        const failing_call unknown_family("inet_pton", EAFNOSUPPORT);
+        open();
+        close();  // once the bracket has been opened
+        EXPECT_EQ(run("ipaddr6", {"-v", "fc00::1/64"}, 0), refusal);
+    }
+    const failing_call unknown_family("inet_pton", EAFNOSUPPORT);
+    EXPECT_EQ(run("gateway6", {"-v", "fc00::1"}, 0), refusal);
+    EXPECT_EQ(logged(), records{});
 }

@@ -5,11 +5,6 @@
 
 #include <cstring>
 #include <gtest/gtest.h>
-#include <unistd.h>
-
-/// The account that the tool seems to run under.
-static uid_t account;
-uid_t geteuid() noexcept { return account; }
 
 class privilege_gate : public testing::Test
 {
@@ -19,12 +14,11 @@ protected:
         reset_stub();
         strcpy(current_command, "fanlevel");
     }
-    void TearDown() override { account = 0; }
 };
 
 TEST_F(privilege_gate, refusal_without_words_is_noted_in_the_running_command)
 {
-    account = 7;
+    stub.account = 7;
     EXPECT_EQ(printed([] { EXPECT_EQ(check_privilege(4, 0, nullptr, nullptr), 0); }),
               "Insufficient privilege level\r\n");
     EXPECT_STREQ(current_command, "fanlevel operation rejected because of insufficient privilege level.");
@@ -32,14 +26,14 @@ TEST_F(privilege_gate, refusal_without_words_is_noted_in_the_running_command)
 
 TEST_F(privilege_gate, refusal_with_words_is_not)
 {
-    account = 7;
+    stub.account = 7;
     printed([] { EXPECT_EQ(check_privilege(4, 2, nullptr, nullptr), 0); });
     EXPECT_STREQ(current_command, "fanlevel");
 }
 
 TEST_F(privilege_gate, the_note_never_leaves_the_buffer)
 {
-    account = 7;
+    stub.account = 7;
     memset(current_command, 'x', sizeof current_command - 1);
     printed([] { check_privilege(4, 0, nullptr, nullptr); });
     EXPECT_EQ(strlen(current_command), sizeof current_command - 1);
@@ -47,7 +41,7 @@ TEST_F(privilege_gate, the_note_never_leaves_the_buffer)
 
 TEST_F(privilege_gate, refused_user_access_leaves_its_code)
 {
-    account = 502;
+    stub.account = 502;
     stub.answer_all = {0xC9};
     EXPECT_EQ(printed([] { EXPECT_EQ(check_privilege(4, 2, nullptr, nullptr), 0); }),
               "Get User Access Command failed!\r\n");
@@ -56,7 +50,7 @@ TEST_F(privilege_gate, refused_user_access_leaves_its_code)
 
 TEST_F(privilege_gate, the_required_level_counts)
 {
-    account = 502;
+    stub.account = 502;
     stub.answer_all = {0x00, 0x11, 0x05, 0x01, 0x03};  // an operator
     EXPECT_EQ(check_privilege(3, 2, nullptr, nullptr), 1);
     printed([] { EXPECT_EQ(check_privilege(4, 2, nullptr, nullptr), 0); });

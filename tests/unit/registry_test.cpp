@@ -97,3 +97,10 @@ TEST(options, the_running_command_is_kept_as_typed)
     printed([&] { dispatch(0, nullptr, "rese", 1, words); });
     EXPECT_STREQ(current_command, "rese");
 }
+
+TEST(options, a_target_that_is_none_lists_the_targets_and_runs_nothing)
+{
+    const std::string text = printed([] { dispatch(1, "nothing", "fanlevel", 0, nullptr); });
+    EXPECT_TRUE(text.starts_with("input parameter[-t] error\r\n    -t <target>\r\n       fru0 "));
+    EXPECT_EQ(text.find("Usage"), std::string::npos);
+}

@@ -3,6 +3,11 @@
 
 #include "sensor/sensor.h"
 #include "tests/unit/conversation.h"
+#include "tests/unit/failing_call.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
 
 static const std::string temp = "20 00 11 03 01 14 6F 01 00 00 00 C4 54 65 6D 70";  // event-only, number 11h
 static const std::string door = "20 00 12 03 01 14 6F 01 00 00 00 C4 44 6F 6F 72";
@@ -19,7 +24,7 @@ protected:
                 check();
                 everything_was_sent();
                 fflush(nullptr);
-                _exit(HasFailure() ? 1 : 0);
+                exit(HasFailure() ? 1 : 0);
             },
             testing::ExitedWithCode(0), "");
     }
@@ -170,6 +175,59 @@ TEST_F(sdr_reader, tells_of_device_sdrs)
         EXPECT_EQ(told(1, "Temp"), "Error obtaining SDR info\r\n"
                                    "Unable to open SDR for reading\r\n");
     });
+}
+
+TEST_F(sdr_reader, knows_three_versions_of_the_repository)
+{
+    for (const char *version : {"51", "01", "02"})
+        alone([this, version] {
+            wire("06 01", "00 20 01 01 00 02 02 57 01 00 00 00");
+            wire("0A 20", std::string("00 ") + version + " 02 00 00 10");
+            wire("0A 22", "00 34 12");
+            record("00 00", "FF FF", temp);
+            EXPECT_EQ(told(3, "Temp"), std::string(steps_of_opening) + steps_of_a_record) << version;
+        });
+}
+
+TEST_F(sdr_reader, without_memory_does_not_open)
+{
+    alone([] {
+        const failing_call no_memory("calloc", ENOMEM);
+        EXPECT_EQ(told(1, "Temp"), "IPMC: malloc failure\r\nUnable to open SDR for reading\r\n");
+    });
+}
+
+TEST_F(sdr_reader, without_memory_for_a_record_ends_the_search)
+{
+    alone([this] {
+        open();
+        wire("0A 23  34 12 00 00 00 05", "00 01 00 00 00 51 03 10");
+        const failing_call no_memory("calloc", ENOMEM, 1);
+        EXPECT_EQ(told(0, "Temp"), "ipmi_sdr_find_sdr_byid: malloc failure\r\n");
+        EXPECT_EQ(g_error_code, 0U);  // no body was read
+    });
+}
+
+TEST_F(sdr_reader, without_memory_for_a_body_goes_on_with_the_next)
+{
+    alone([this] {
+        open();
+        wire("0A 23  34 12 00 00 00 05", "00 01 00 00 00 51 03 10");
+        record("01 00", "FF FF", door);
+        const failing_call no_memory("calloc", ENOMEM, 2);
+        EXPECT_NE(sdr_find_by_name("Door"), nullptr);
+        EXPECT_EQ(g_error_code, 0x50000000U);
+    });
+}
+
+TEST(sdr, a_record_of_a_kind_without_names_has_none)
+{
+    uint8_t body[16];
+    memset(body, 'x', sizeof body);
+    const sdr_record entity_association{1, 0x08, sizeof body, nullptr, body};
+    char name[32] = "as it was";
+    entity_association.id_string(name);
+    EXPECT_STREQ(name, "");
 }
 
 TEST_F(sdr_reader, finds_nothing_without_a_name)

@@ -116,3 +116,9 @@ TEST_F(serial_number, a_success_is_told_before_the_closing_whatever_becomes_of_i
     close("D5");
     EXPECT_EQ(run({"-v", "X"}, 1), success);
 }
+
+TEST_F(serial_number, a_caller_who_is_refused_changes_nothing)
+{
+    stub.account = 499;
+    EXPECT_EQ(run({"-v", "X"}, 0), "Insufficient privilege level\r\n");
+}

@@ -82,6 +82,11 @@ $ cfgtool -d ipmctime -v 2023-06-31 10:00:00
 $ cfgtool -d ipmctime -v 2023-09-31 10:00:00
 $ cfgtool -d ipmctime -v 2023-11-31 10:00:00
 $ cfgtool -d ipmctime -v 2023-01-32 10:00:00
+$ cfgtool -d ipmctime -v 2023-03-32 10:00:00
+$ cfgtool -d ipmctime -v 2023-05-32 10:00:00
+$ cfgtool -d ipmctime -v 2023-07-32 10:00:00
+$ cfgtool -d ipmctime -v 2023-08-32 10:00:00
+$ cfgtool -d ipmctime -v 2023-10-32 10:00:00
 $ cfgtool -d ipmctime -v 2023-12-32 10:00:00
 $ cfgtool -d ipmctime -v 2023-01-00 10:00:00
 | Day out of range.
@@ -98,6 +103,7 @@ $ cfgtool -d ipmctime -v 1969-12-31 23:59:59
 $ cfgtool -d ipmctime -v 2071-01-01 00:00:00
 $ cfgtool -d ipmctime -v 20-01-01 10:00:00
 $ cfgtool -d ipmctime -v 99999-1-1 10:00:00
+$ cfgtool -d ipmctime -v 0000-01-01 10:00:00
 | Year out of range.
 
 # The month: a line feed stands in front of the text

@@ -100,6 +100,12 @@ do asked
 keys "y\x04"
 do done
 
+# confirmation: Ctrl-D behind that ends the input, and nothing more is taken away
+$ cfgtool -d reset
+do asked
+keys "yes\x04\x04"
+do done
+
 # confirmation: the terminal's line can be corrected, what counts is its first character in the end
 $ cfgtool -d reset
 do asked

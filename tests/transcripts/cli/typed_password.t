@@ -312,6 +312,13 @@ do asked
 keys ""
 do not typed
 
+# typed password: a terminal that cannot be made to hide it gives none
+$ cfgtool -d deluser -v bob
+result tcsetattr -1
+do asked
+keys ""
+do not typed
+
 # typed password: a terminal that cannot be put in raw mode gives none
 $ cfgtool -d deluser -v bob
 result tcsetattr 0

@@ -13,6 +13,10 @@ steps unpack a
 call mkdir "/tmp/dev/" 751
 call vos_system "/bin/tar" "/bin/tar" "-zxf" "/data/share/sel/a_sel.tar.gz" "-C" "/tmp/"
 
+steps make no work folder
+call mkdir "/tmp/sel_temp/" failed
+call vos_rm_filepath "/tmp/sel_temp/"
+
 steps copy a
 call vos_file_copy "/tmp/sel_temp/a_sel.bin" "/tmp/dev/shm/save/reboot_file/sel_bak.bin"
 
@@ -377,6 +381,18 @@ do copy a
 do convert a
 do pack
 packed a_sel.csv 640 2 lines
+do end
+
+# an archive that holds a link in place of the work folder, where none can be made again: its log is not brought
+result mkdir 0 0 -1 -1 -1 -1 -1
+archive /data/share/sel/a_sel.tar.gz dev/shm/save/reboot_file/sel_bak.bin hex OEM
+archive /data/share/sel/a_sel.tar.gz sel_temp link ../data/share/sel
+$ cfgtool -t maintenance -d zntool
+do begin
+do unpack a
+do make no work folder for 1..5
+do find no log of a
+do pack
 do end
 
 # an archive that fills the work folder: what it brought goes, what was there stays

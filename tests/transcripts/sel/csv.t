@@ -469,6 +469,17 @@ ID,Severity,Generation Time(UTC),Generation Time(LOCAL),Sensor,Event Description
 END
 do end
 
+# a column that ends where 64 KiB are full: 100 characters of heading, 57 in front of the description
+env TZ=UTC
+event 1 20120002 "{A*65379}"
+file /data/share/sel/sel.bin hex OEM
+$ cfgtool -t maintenance -d zntool
+do bring the live log
+> 0A 5C < 00 00 00
+do pack
+packed sel.csv 640 "ID,Severity,Generation Time(UTC),Generation Time(LOCAL),Sensor,Event Description,Event Code,Status\r\n1,Minor,2024-05-06  08:00:00,2024-05-06  08:00:00,0abcde,{A*65379},20120002,Asserted\r\n"
+do end
+
 # failures: the table cannot be written
 fails write /tmp/sel_temp/sel.csv
 file /data/share/sel/sel.bin hex OEM

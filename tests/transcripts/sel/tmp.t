@@ -120,6 +120,19 @@ do no work folder for 1..5
 call vos_rm_filepath "/tmp/sel_temp/"
 | Pack SEL failed.
 
+# work folder: nor is one that is somebody else's by the time it is looked at
+owner 503 /tmp/sel_temp
+fails vos_rm_filepath /tmp/sel_temp/
+result fchown -1
+file /data/share/sel/sel.bin hex OEM
+$ cfgtool -t maintenance -d zntool
+do begin
+call mkdir "/tmp/sel_temp/" 751
+call mkdir "/tmp/sel_temp/" failed
+do no work folder for 1..4
+call vos_rm_filepath "/tmp/sel_temp/"
+| Pack SEL failed.
+
 # work folder: what somebody puts in the way again and again is removed again
 result mkdir -1 -1
 file /data/share/sel/sel.bin hex OEM

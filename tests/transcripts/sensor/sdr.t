@@ -50,10 +50,18 @@ $ cfgtool -t sensor -d lowercritical -v "CPU Temp 2" 5
 $ cfgtool -t sensor -d lowercritical -v "CPU" 5
 $ cfgtool -t sensor -d lowercritical -v "CPU Tem" 5
 $ cfgtool -t sensor -d lowercritical -v "cpu temp" 5
+$ cfgtool -t sensor -d lowercritical -v "GPU Temp" 5
 $ cfgtool -t sensor -d lowercritical -v "" 5
 do open the repository
 > 0A 23  34 12 00 00 00 05 < 00 FF FF CPU_HEADER
 > 0A 23  34 12 00 00 05 33 < 00 FF FF CPU_TEMP
+| Set sensor lower critical failed, error code: 0x40000003
+
+# An association has no name, though it begins as one would
+$ cfgtool -t sensor -d lowercritical -v Board 5
+do open the repository
+> 0A 23  34 12 00 00 00 05 < 00 FF FF 00 00 51 08 06
+> 0A 23  34 12 00 00 05 06 < 00 FF FF 05 42 6F 61 72 64
 | Set sensor lower critical failed, error code: 0x40000003
 
 # A name of 31 characters is compared whole; the reader sees no more than the length says

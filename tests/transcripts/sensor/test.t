@@ -123,6 +123,12 @@ do find PSU
 > 30 91  D9 7E 00 0C 21 00 00 < CB
 | Sensor test failed, error code: 0x309100CB
 
+# It refuses the value of a full record
+$ cfgtool -t sensor -d test -v "CPU Temp" 85.5
+do find CPU Temp
+> 30 91  D9 7E 00 0C 11 01 56 < C9
+| Sensor test failed, error code: 0x309100C9
+
 # No answer
 $ cfgtool -t sensor -d test -v PSU 5
 do find PSU

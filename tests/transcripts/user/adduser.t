@@ -463,6 +463,44 @@ do released
 do failed
 wrote /ipmc/usr/adduser_mutex ""
 
+# adduser: nor is one on a file in whose place another run has put its own
+file /ipmc/usr/adduser_mutex "before"
+result lock 2
+$ cfgtool -d adduser -v carol
+call vos_check_username "carol"
+do proven
+call lock "/ipmc/usr/adduser_mutex" 666 write 40 10
+call unlock
+call lock "/ipmc/usr/adduser_mutex" 666 write 40 10
+do users
+>> 06 45  04 CAROL  < CC
+do released
+| Add user failed, error code: 0x64500CC
+do failed
+wrote /ipmc/usr/adduser_mutex ""
+
+# adduser: a signal that comes while the lock is held waits until its file is gone
+$ cfgtool -d adduser -v carol
+do chosen
+signal TERM
+>> 06 45  04 CAROL  < 00
+do released
+ends TERM
+
+# adduser: so does one that comes while the lock is waited for
+$ cfgtool -d adduser -v carol
+call vos_check_username "carol"
+do proven
+call lock "/ipmc/usr/adduser_mutex" 666 write 40 10
+signal HUP
+file /ipmc/usr/adduser_mutex ""
+do users
+>> 06 45  04 CAROL  < CC
+do released
+| Add user failed, error code: 0x64500CC
+do failed
+ends HUP
+
 # adduser: the users cannot be read under the lock: not answered
 $ cfgtool -d adduser -v carol
 call vos_check_username "carol"

@@ -1,0 +1,88 @@
+#include "tests/unit/failing_call.h"
+
+#include "tests/unit/platform_stub.h"
+
+#include <arpa/inet.h>
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+static failing_call *awaited;
+std::function<void()> behind_fchmod;
+
+failing_call::failing_call(std::string call, int error, unsigned calls_before)
+    : name(std::move(call)), reason(error), to_come(calls_before)
+{
+    awaited = this;
+}
+
+failing_call::~failing_call()
+{
+    awaited = nullptr;
+    EXPECT_TRUE(failed) << name;
+}
+
+bool fails(const char *call)
+{
+    if (awaited == nullptr || awaited->failed || awaited->name != call || awaited->to_come-- != 0)
+        return false;
+    awaited->failed = true;
+    errno = awaited->reason;
+    return true;
+}
+
+#define WRAPPED(result, name, ...)                                                                                     \
+    result __real_##name(__VA_ARGS__);                                                                                 \
+    result __wrap_##name(__VA_ARGS__)
+
+// Not wrapped by their names, which differ where sizes and times are wider than words.
+
+int fstat(int file, struct stat *about) noexcept
+{
+    return fails("fstat") ? -1 : fstatat(file, "", about, AT_EMPTY_PATH);
+}
+
+int lstat(const char *path, struct stat *about) noexcept
+{
+    return fails("lstat") ? -1 : fstatat(AT_FDCWD, on_disk(path), about, AT_SYMLINK_NOFOLLOW);
+}
+
+extern "C" {
+
+WRAPPED(void *, calloc, size_t count, size_t size) { return fails("calloc") ? nullptr : __real_calloc(count, size); }
+
+WRAPPED(ssize_t, read, int file, void *to, size_t size) { return fails("read") ? -1 : __real_read(file, to, size); }
+
+WRAPPED(ssize_t, write, int file, const void *from, size_t size)
+{
+    if (!fails("write"))
+        return __real_write(file, from, size);
+    if (errno != 0)
+        return -1;
+    errno = EINTR;  // as some call before may have left it
+    return 0;
+}
+
+WRAPPED(int, close, int file)
+{
+    const int result = __real_close(file);  // a failed one closes too
+    return fails("close") ? -1 : result;
+}
+
+WRAPPED(int, fchmod, int file, mode_t mode)
+{
+    const int result = fails("fchmod") ? -1 : __real_fchmod(file, mode);
+    if (const auto then = std::exchange(behind_fchmod, nullptr))
+        then();
+    return result;
+}
+
+WRAPPED(int, inet_pton, int family, const char *text, void *address)
+{
+    return fails("inet_pton") ? -1 : __real_inet_pton(family, text, address);
+}
+}
