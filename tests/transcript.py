@@ -4,6 +4,7 @@
     transcript.py --tool build/bin/cfgtool --platform build/lib/libscripted_platform.so FILE.t ...
         [--only WORDS]   those whose title holds the words
         [--trace]        print what happened in each
+        [--emulator "qemu-arm -L FOLDER"]  what runs a tool of another machine
 
 README.md beside this file tells how a transcript is written.
 """
@@ -670,7 +671,19 @@ def prepare_process(transcript):
         os.close(number)
 
 
-def play(transcript, argv, tool, platform):
+def start_of(argv, tool, platform, emulator):
+    """The command that starts the tool behind the platform, and what the environment has to say for that."""
+    if not emulator:
+        return tool, argv, {"LD_PRELOAD": platform}
+    command = [*shlex.split(emulator), "-0", argv[0], "-E", f"LD_PRELOAD={platform}", tool, *argv[1:]]
+    return command[0], command, {}
+
+
+# What the emulator says of its own when a signal ends the tool.
+EMULATOR_LINE = re.compile(rb"^qemu: uncaught target signal \d+ \(.*\) - (?:not )?core dumped\n", re.MULTILINE)
+
+
+def play(transcript, argv, tool, platform, emulator=""):
     root = tempfile.mkdtemp(prefix="transcript-")
     for folder in ("/data", "/tmp"):
         os.makedirs(root + folder)
@@ -686,7 +699,8 @@ def play(transcript, argv, tool, platform):
 
     script = "\n".join([f"uid {transcript.uid}", f"root {root}", *transcript.script]) + "\n"
     script_fd, trace_fd = write_to_memory(script.encode()), write_to_memory()
-    env = {**transcript.env, "LD_PRELOAD": platform, "SCRIPTED_PLATFORM": f"{script_fd},{trace_fd}"}
+    program, command, preload = start_of(argv, tool, platform, emulator)
+    env = {**transcript.env, **preload, "SCRIPTED_PLATFORM": f"{script_fd},{trace_fd}"}
     for name in ("ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS"):
         if name in os.environ:
             env[name] = os.environ[name]
@@ -697,8 +711,8 @@ def play(transcript, argv, tool, platform):
     late = False
     with open_screen(transcript.screen) as out, tempfile.TemporaryFile() as err:
         process = subprocess.Popen(
-            argv,
-            executable=tool,
+            command,
+            executable=program,
             env=env,
             pass_fds=(script_fd, trace_fd),
             stdin=terminal.child if terminal else subprocess.DEVNULL,
@@ -717,7 +731,7 @@ def play(transcript, argv, tool, platform):
             process.wait()
             late = True
         err.seek(0)
-        complaints = err.read()
+        complaints = EMULATOR_LINE.sub(b"", err.read()) if emulator else err.read()
     terminal_changed = False
     if terminal:
         terminal_changed = termios.tcgetattr(terminal.main) != terminal.settings
@@ -843,8 +857,10 @@ def main():
     options.add_argument("--only", default="")
     options.add_argument("--trace", action="store_true")
     options.add_argument("--no-search", action="store_true", help="for secrets in memory")
+    options.add_argument("--emulator", default="", metavar="COMMAND", help="what runs a tool of another machine")
     options.add_argument("files", nargs="+")
     chosen = options.parse_args()
+    tool, platform = os.path.abspath(chosen.tool), os.path.abspath(chosen.platform)
 
     passed = failed = 0
     for path in chosen.files:
@@ -854,7 +870,7 @@ def main():
             if chosen.no_search:
                 transcript.script = [line for line in transcript.script if not line.startswith("secret ")]
             for argv in transcript.commands:
-                run = play(transcript, argv, os.path.abspath(chosen.tool), os.path.abspath(chosen.platform))
+                run = play(transcript, argv, tool, platform, chosen.emulator)
                 command = "$ " + shlex.join(argv)[:100]
                 if chosen.trace:
                     print(f"# {transcript.title}", command, *(shown(event) for event in run.events), sep="\n  ")
