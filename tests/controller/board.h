@@ -73,6 +73,13 @@ struct reply {
     }
 };
 
+// Nothing but the completion code, and in OEM answers the enterprise number.
+inline const reply done{0x00, {}}, done_oem{0x00, {0xD9, 0x7E, 0x00}};
+
+// Set Fan Level 60 with sequence number 5 (00+B0 = B0, so 50; 63+14+15+00+00+3C = C8, so 38), and its good answer.
+inline const bytes set_fan_level_60 = {0x00, 0xB0, 0x50, 0x63, 0x14, 0x15, 0x00, 0x00, 0x3C, 0x38};
+inline const bytes level_set = {0x63, 0xB4, 0xE9, 0x00, 0x14, 0x15, 0x00, 0x00, 0xD7};
+
 struct board_test : testing::Test {
     explicit board_test(std::span<const family_maker> makers = all_families(),
                         const board_description &described = default_board())

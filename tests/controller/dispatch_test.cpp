@@ -4,8 +4,6 @@
 namespace ipmcd
 {
 
-namespace
-{
 class odd_family final : public family
 {
 public:
@@ -37,7 +35,7 @@ public:
     completion refuse(byte_reader &, byte_writer &answer) { return answer.u8(1), completion(0x81); }
 };
 
-const command rows[] = {
+static const command rows[] = {
     {.netfn = 0x30, .number = 1, .lead = oem(0x06), .name = "Short", .run = call<&odd_family::number>},
     {.netfn = 0x30,
      .number = 1,
@@ -51,13 +49,12 @@ const command rows[] = {
 };
 std::span<const command> odd_family::commands() const { return rows; }
 
-constexpr family_maker only_odd[] = {
+static constexpr family_maker only_odd[] = {
     [](controller &) -> std::unique_ptr<family> { return std::make_unique<odd_family>(); }};
 
 struct dispatch : board_test {
     dispatch() : board_test(only_odd) {}
 };
-}  // namespace
 
 TEST_F(dispatch, a_sub_function_is_part_of_the_row)
 {

@@ -19,7 +19,7 @@ struct fans : board_test {
 };
 
 static const reply mode_set{0x00, {0xD9, 0x7E, 0x00}};
-static const reply level_set{0x00, {0x00}};
+static const reply level_taken{0x00, {0x00}};
 static const reply is_auto{0x00, {0xD9, 0x7E, 0x00, 0x00, 0x1E, 0x00, 0x00, 0x00, 0x00}};
 static const reply is_manual_30_s{0x00, {0xD9, 0x7E, 0x00, 0x01, 0x1E, 0x00, 0x00, 0x00, 0x00}};
 
@@ -31,7 +31,7 @@ TEST_F(fans, leave_the_factory_in_automatic_regulation)
 
 TEST_F(fans, a_level_takes_them_over_for_30_seconds)
 {
-    EXPECT_EQ(set_level(60), level_set);
+    EXPECT_EQ(set_level(60), level_taken);
     EXPECT_EQ(get_mode(), is_manual_30_s);
     EXPECT_EQ(get_level(), (reply{0x00, {0x00, 60}}));
     clock.advance(29999ms);
@@ -67,7 +67,7 @@ TEST_F(fans, a_level_under_manual_mode_leaves_its_time_alone)
 {
     set_mode({0x01, 10, 0, 0, 0});
     clock.advance(9s);
-    EXPECT_EQ(set_level(80), level_set);
+    EXPECT_EQ(set_level(80), level_taken);
     EXPECT_EQ(get_mode().data[4], 10);
     clock.advance(1s);
     EXPECT_EQ(get_mode().data[3], 0);
@@ -141,14 +141,14 @@ TEST_F(fans, a_refused_level_changes_nothing)
 
 TEST_F(fans, level_254_is_the_emergency_shut_down)
 {
-    EXPECT_EQ(set_level(254), level_set);
+    EXPECT_EQ(set_level(254), level_taken);
     EXPECT_EQ(get_level(), (reply{0x00, {0x00, 254}}));
 }
 
 TEST_F(fans, level_255_gives_them_back_to_local_control)
 {
     set_level(42);
-    EXPECT_EQ(set_level(255), level_set);
+    EXPECT_EQ(set_level(255), level_taken);
     EXPECT_EQ(get_mode(), is_auto);
     clock.advance(10s);
     set_mode({0x01, 25, 0, 0, 0});

@@ -4,9 +4,6 @@
 namespace ipmcd
 {
 
-// 00+B0 = B0, so 50; 63+14+15+00+00+3C = C8, so 38.
-static const bytes set_fan_level_60 = {0x00, 0xB0, 0x50, 0x63, 0x14, 0x15, 0x00, 0x00, 0x3C, 0x38};
-
 TEST(frame, a_request_is_taken_apart)
 {
     request_frame frame;

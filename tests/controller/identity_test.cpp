@@ -3,9 +3,6 @@
 namespace ipmcd
 {
 
-static const reply done{0x00, {}};
-static const reply done_oem{0x00, {0xD9, 0x7E, 0x00}};
-
 struct identity : traced {
     reply write_id(uint8_t more, uint8_t offset, const std::string &piece)
     {

@@ -5,9 +5,6 @@
 namespace ipmcd
 {
 
-static const reply done{0x00, {}};
-static const reply done_oem{0x00, {0xD9, 0x7E, 0x00}};
-
 static void append(bytes &data, const std::string &text, size_t size)
 {
     const size_t end = data.size() + size;

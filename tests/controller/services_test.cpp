@@ -3,8 +3,6 @@
 namespace ipmcd
 {
 
-static const reply done_oem{0x00, {0xD9, 0x7E, 0x00}};
-
 struct services : traced {
     reply set_state(uint8_t id, uint8_t state)
     {

@@ -4,9 +4,6 @@
 namespace ipmcd
 {
 
-static const reply done{0x00, {}};
-static const reply done_oem{0x00, {0xD9, 0x7E, 0x00}};
-
 struct traps : traced {
     /// A parameter of the maker's, on the management channel.
     reply set(uint8_t selector, const bytes &value, uint8_t channel = 1)

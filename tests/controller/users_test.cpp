@@ -23,8 +23,6 @@ static reply name_reply(const std::string &name)
     return {0x00, data};
 }
 
-static const reply done{0x00, {}};
-
 TEST_F(users, have_four_accounts_from_the_factory)
 {
     // 17 slots; enabled (0x40) and 4 of them enabled; 1 fixed name; messaging (0x10) and the limit.

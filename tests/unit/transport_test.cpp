@@ -187,9 +187,9 @@ TEST_F(transport, old_data_of_the_response_record_are_not_read)
 
 TEST(request, bytes_in_wire_order)
 {
-    const uint8_t some[] = {9, 8};
+    const uint8_t two[] = {9, 8};
     const ipmi_request request =
-        ipmi_request(0x2C, 0x15).u8(1).u16le(0x0203).u32le(0x04050607).u32be(0x0A0B0C0D).bytes(some).padded("ab", 4);
+        ipmi_request(0x2C, 0x15).u8(1).u16le(0x0203).u32le(0x04050607).u32be(0x0A0B0C0D).bytes(two).padded("ab", 4);
     const byte_text expected{0x00, 0xB0, 0, 0, 0, 0x15, 1, 3, 2, 7, 6, 5, 4, 0xA, 0xB, 0xC, 0xD, 9, 8, 'a', 'b', 0, 0};
     EXPECT_EQ(byte_text(request.record.byte, request.record.byte + request.length), expected);
 }

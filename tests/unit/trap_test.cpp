@@ -11,7 +11,7 @@
 
 using records = std::vector<std::string>;
 
-static constexpr char opened[] = "0C 01  01 00 01", closed[] = "0C 01  01 00 00";
+static constexpr char lan_opened[] = "0C 01  01 00 01", lan_closed[] = "0C 01  01 00 00";
 
 class trap : public conversation
 {
@@ -19,9 +19,9 @@ protected:
     void write_in_bracket(const std::string &request, const std::string &ending = "00",
                           const std::string &closing = "00")
     {
-        wire(opened, "00");
+        wire(lan_opened, "00");
         wire(request, ending);
-        wire(closed, closing);
+        wire(lan_closed, closing);
     }
 };
 
@@ -63,8 +63,8 @@ TEST_F(trap, setting_an_address_is_told_and_not_recorded)
 TEST_F(trap, an_address_that_no_request_has_room_for_is_not_sent)
 {
     static constexpr uint8_t endless[256] = {};
-    wire(opened, "00");
-    wire(closed, "00");
+    wire(lan_opened, "00");
+    wire(lan_closed, "00");
     EXPECT_EQ(printed([] { EXPECT_EQ(set_trap_dest_address(1, 1, endless, sizeof endless), 0); }),
               "Set trap dest1 address failed, error code: 0x40000000\r\n");
 }
@@ -101,7 +101,7 @@ protected:
         run(trap_dataitems, dataitem, typed, 0);
         write_in_bracket(request, "silent");
         run(trap_dataitems, dataitem, typed, 0);
-        wire(opened, "C1");
+        wire(lan_opened, "C1");
         run(trap_dataitems, dataitem, typed, 0);
         run(trap_dataitems, dataitem, {}, 0);
     }
@@ -198,7 +198,7 @@ TEST_F(trap_result, community)
 TEST_F(trap_result, a_community_against_the_rules_leaves_the_bracket_open)
 {
     const typed keys("tricorn\rtricorn\r");
-    wire(opened, "00");
+    wire(lan_opened, "00");
     wire("0C 01  01 10 74 72 69 63 6F 72 6E 00 00 00 00 00 00 00 00 00 00 00", "84");
     run(trap_dataitems, "community", {}, 0);
 }
