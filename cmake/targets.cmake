@@ -7,8 +7,8 @@ add_library(warnings INTERFACE)
 target_compile_options(warnings INTERFACE -Wall -Wextra -Wconversion -Wshadow -Wformat=2)
 target_include_directories(warnings INTERFACE ${PROJECT_SOURCE_DIR})
 
-# Binding every function at start makes the table of their addresses read-only. It costs each run of the tool a look-up of
-# those that it never calls, in instructions a quarter more: docs/performance.md.
+# Binding every function at start makes the table of their addresses read-only. It costs each run a look-up of those that
+# are never called, in instructions half as much again: docs/performance.md.
 option(CFGTOOL_BIND_NOW "Bind all functions at start" ON)
 add_library(hardened INTERFACE)
 target_compile_options(hardened INTERFACE -fstack-protector-strong -fstack-clash-protection

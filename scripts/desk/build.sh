@@ -12,11 +12,13 @@ make_programs() {
         exec {building}<&-
         return
     fi
-    say 'building ...'
+    say 'building, which takes some minutes ...'
+    trap 'die "stopped; the next ./desk goes on from here"' INT
     if ! { configure && ninja -C "$build" "${wanted[@]}"; } >"$log" 2>&1 </dev/null; then
         tail -n 60 "$log" >&2
         die "the build failed; all it said is in $log"
     fi
+    trap - INT
     exec {building}<&-
 }
 

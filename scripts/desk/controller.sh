@@ -31,7 +31,7 @@ leave_controller() {
 # In the desk's own root, since the controller reads and writes /tmp as well; in a session of its own, out of reach of
 # the terminal's Ctrl-C.
 start_controller() {
-    local ready word own=$desk/controller its_board=() state=state.json
+    local ready word hint own=$desk/controller its_board=() state=state.json
     describe_sandbox 0 root
     : >"$own/trace"
     echo "${board:-default}" >"$own/board"
@@ -51,10 +51,19 @@ start_controller() {
             sh "${its_board[@]}" --disk / --state "/run/ipmcd/$state" --trace=/run/ipmcd/trace --ready-fd 3
     )
     if ! read -r word <&"$ready" || [[ $word != ready ]]; then
+        hint=$(what_may_help "$own/log")
         show_log
-        die "the controller did not start (/run/ipmcd is $own); ./desk --reset makes its state as new"
+        die "the controller did not start (/run/ipmcd is $own)$hint"
     fi
     exec {ready}<&-
+}
+
+what_may_help() {
+    if grep -q '^bwrap: ' "$1"; then
+        echo '; a container has to allow bubblewrap its namespaces'
+    elif grep -q 'state file' "$1"; then
+        echo '; ./desk --reset makes its state as new'
+    fi
 }
 
 # Also tells what the controller had to say: nothing, when all went well.

@@ -505,7 +505,12 @@ class desk(unittest.TestCase):
         status, out, err = self.run_desk("true")
         self.assertEqual((status, out), (OWN_FAILURE, b""))
         self.assertRegex(err, r"ipmcd: state file .*state\.json: not readable as JSON")
-        self.assertIn("desk: the controller did not start", err)
+        self.assertRegex(err, r"desk: the controller did not start .*; \./desk --reset makes its state as new\n")
+
+    def test_controller_that_refuses_its_board_does_not_ask_for_a_reset(self):
+        status, out, err = self.run_desk("--board", "nosuch", "true")
+        self.assertEqual((status, out), (OWN_FAILURE, b""))
+        self.assertRegex(err, r"desk: the controller did not start \(/run/ipmcd is .*\)\n")
 
     # Its board
 
@@ -595,7 +600,7 @@ class desk(unittest.TestCase):
     def test_bad_options(self):
         for words in (["--nosuch"], ["-x"], ["--user"], ["--user", "root"], ["--user=-1"], ["--user", ""],
                       ["--user", "9999999999"], ["--reset", "true"], ["--board"], ["--board", ""],
-                      ["--board=no.such/file"]):
+                      ["--board=no.such/file"], ["-d", "fanlevel"]):
             status, out, err = self.run_desk(*words)
             self.assertEqual((status, out), (2, b""), words)
             self.assertIn("see ./desk --help", err)
