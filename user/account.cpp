@@ -1,7 +1,6 @@
 #include "user/account.h"
 
 #include "cli/console.h"
-#include "cli/hold_signals.h"
 #include "cli/prompt.h"
 #include "cli/words.h"
 #include "ipmi/privilege.h"
@@ -110,7 +109,6 @@ static uint8_t find_free_slot()
 /// Gives the name a slot of its own while nobody else can. Returns the id, or 0 when it is told and recorded why not.
 static uint8_t claim_slot(const char *name)
 {
-    const hold_signals until_released;  // or the lock's file would stay
     add_user_lock lock;
     if (!lock.take()) {
         say(add_failure, g_error_code);

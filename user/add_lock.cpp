@@ -31,8 +31,8 @@ static bool wait_for_lock(int file)
 
 enum class locked_file { still_there, replaced, unknown };
 
-/// The holder before us may have removed the file that we waited for: another run may be locking a new one. What cannot
-/// be told now could not be told for ever.
+/// The holder before us may have removed the file that we waited for: another run may be locking a new one. Where it
+/// cannot be told, asking again might never end.
 static locked_file examine(int file)
 {
     struct stat locked, there;
@@ -59,7 +59,9 @@ bool add_user_lock::take()
             g_error_code = error_lock_file;
             return false;
         }
-        const locked_file found = wait_for_lock(file) ? examine(file) : locked_file::unknown;
+        const bool is_locked = wait_for_lock(file);
+        held.emplace();
+        const locked_file found = is_locked ? examine(file) : locked_file::unknown;
         if (found == locked_file::still_there)
             return true;
         if (found == locked_file::unknown) {
@@ -68,6 +70,7 @@ bool add_user_lock::take()
             return false;
         }
         close(file);
+        held.reset();
     }
 }
 

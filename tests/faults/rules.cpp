@@ -53,12 +53,15 @@ static std::string_view failed_call(const judged &one)
     return is_failure(one.at.kind) ? one.run.next(place).text : "";
 }
 
-/// A file that lay there without being locked may stay, and so may one that could not be removed.
+/// A file that lay there without being locked may stay, its holder's while a signal ends the wait for it, and so may
+/// one that could not be removed.
 static bool lock_file_is_gone(const judged &one)
 {
     bool was_locked = false;
-    for (size_t place = 0; place < one.run.used;)
-        was_locked = one.run.next(place).text == "lock" || was_locked;
+    for (size_t place = 0; place < one.run.used;) {
+        const bool is_waited_for = one.at.kind == fault::signal_comes && place == one.run.fault_step;
+        was_locked = (one.run.next(place).text == "lock" && !is_waited_for) || was_locked;
+    }
     return !was_locked || failed_call(one) == "vos_system" ||
            access((one.root + "/ipmc/usr/adduser_mutex").c_str(), F_OK) != 0;
 }

@@ -487,18 +487,13 @@ signal TERM
 do released
 ends TERM
 
-# adduser: so does one that comes while the lock is waited for
+# adduser: one that comes while the lock is waited for ends the tool: the file is its holder's
+file /ipmc/usr/adduser_mutex "held"
 $ cfgtool -d adduser -v carol
 call vos_check_username "carol"
 do proven
 call lock "/ipmc/usr/adduser_mutex" 666 write 40 10
 signal HUP
-file /ipmc/usr/adduser_mutex ""
-do users
->> 06 45  04 CAROL  < CC
-do released
-| Add user failed, error code: 0x64500CC
-do failed
 ends HUP
 
 # adduser: the users cannot be read under the lock: not answered
