@@ -2,15 +2,18 @@
 """A signal at every exchange inside every bracket that a transcript opens: the bracket is closed, then the tool ends. The
 same while the add-user lock is held: its file is removed.
 
-TOOL and SCRIPTED_PLATFORM_LIBRARY name the two programs."""
+TOOL and SCRIPTED_PLATFORM_LIBRARY name the two programs. Of the exchanges under the lock each EVERYth is played: a number
+that takes another one in each transcript."""
 import copy
 import itertools
+import os
 import signal
 import unittest
 from pathlib import Path
 
 from session import PLATFORM, TOOL, runner
 
+EVERY = int(os.environ.get("EVERY", "29"))
 FOLDER = Path(__file__).resolve().parents[1] / "transcripts"
 SIGNALS = itertools.cycle([signal.SIGTERM, signal.SIGINT, signal.SIGHUP, signal.SIGQUIT, signal.SIGUSR2])
 OPENED, ALREADY_OPEN = 0x00, 0x81
@@ -96,11 +99,10 @@ class brackets(unittest.TestCase):
         self.assertGreater(played, 100)
 
     def test_the_add_user_lock(self):
-        """At every 29th of so many exchanges: another one in each transcript."""
         transcripts = [each for each in runner.Reader(FOLDER / "user/adduser.t").transcripts() if not each.ending]
         places = [(each, place) for each in transcripts for place in receives_under_lock(each)]
         self.assertGreater(len(places), 1000)
-        for transcript, place in places[::29]:
+        for transcript, place in places[::EVERY]:
             changed = with_signal(transcript, place, next(SIGNALS))
             changed.events = up_to_next_prompt(changed.events)
             self.play(changed, transcript.script[place])
