@@ -1,6 +1,7 @@
 #include "ipmi/transport.h"
 #include "tests/unit/platform_stub.h"
 
+#include <cstring>
 #include <gtest/gtest.h>
 #include <numeric>
 
@@ -45,6 +46,14 @@ TEST_F(transport, frame_is_completed_on_a_copy)
     EXPECT_EQ(frame[4] & 3, 0);
     EXPECT_EQ(sum(frame, 0, 3), 0);
     EXPECT_EQ(sum(frame, 3, 8), 0);
+}
+
+TEST_F(transport, an_exchange_begins_with_a_cleared_record)
+{
+    memset(response.byte, 0xEE, sizeof response.byte);
+    printed([&] { EXPECT_FALSE(exchange(ipmi_request(0x06, 0x01), response).ok()); });  // silence writes nothing
+    const ipmi_rsp cleared{};
+    EXPECT_EQ(memcmp(response.byte, cleared.byte, sizeof cleared.byte), 0);
 }
 
 TEST_F(transport, sequence_numbers_count_all_calls_modulo_64)
