@@ -57,12 +57,14 @@ static std::string_view failed_call(const judged &one)
 /// one that could not be removed.
 static bool lock_file_is_gone(const judged &one)
 {
-    bool was_locked = false;
+    bool was_locked = false, is_waited_for = false;
     for (size_t place = 0; place < one.run.used;) {
-        const bool is_waited_for = one.at.kind == fault::signal_comes && place == one.run.fault_step;
-        was_locked = (one.run.next(place).text == "lock" && !is_waited_for) || was_locked;
+        const bool is_faulted = place == one.run.fault_step;
+        const bool is_lock = one.run.next(place).text == "lock";
+        was_locked = was_locked || is_lock;
+        is_waited_for = is_waited_for || (is_lock && is_faulted && one.at.kind == fault::signal_comes);
     }
-    return !was_locked || failed_call(one) == "vos_system" ||
+    return !was_locked || is_waited_for || failed_call(one) == "vos_system" ||
            access((one.root + "/ipmc/usr/adduser_mutex").c_str(), F_OK) != 0;
 }
 
