@@ -32,7 +32,8 @@ static bool make_way()
     return mkdir(unpacked_folder.path, 0777) == 0;
 }
 
-/// A FIFO would keep the archiver waiting for ever. What is not there it finds out itself.
+/// A FIFO would keep the archiver waiting for ever, and so might what cannot be examined. What is not there it finds
+/// out itself.
 static bool may_be_archive(const char *path)
 {
     struct stat about;
