@@ -35,13 +35,13 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zentro-platform.pc DESTINATION ${CMAKE
 
 install(FILES docs/event-table.md docs/installing.md docs/linux-platform.md docs/results.md docs/sel-export.md docs/verdict.md
         DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT manual)
-install(FILES controller/disk/data/cli.conf packaging/examples/blacklist
+install(FILES ipmcd/disk/data/cli.conf packaging/examples/blacklist
         DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT manual)
 
 if(TARGET ipmcd)
     install(TARGETS ipmcd RUNTIME PERMISSIONS ${program_mode} COMPONENT simulator)
     install(FILES docs/ipmcd.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT simulator)
-    install(DIRECTORY controller/disk DESTINATION ${CMAKE_INSTALL_DATADIR}/cfgtool COMPONENT simulator
+    install(DIRECTORY ipmcd/disk DESTINATION ${CMAKE_INSTALL_DATADIR}/cfgtool COMPONENT simulator
             FILE_PERMISSIONS ${file_mode}
             PATTERN zntool PERMISSIONS ${program_mode}
             PATTERN recorded PERMISSIONS ${program_mode})

@@ -114,9 +114,9 @@ class Command:
 
 def registry_rows(words: Words, table: str) -> dict[str, Tokens]:
     """The handler's column of a table, by name."""
-    constant = words.constant(table, "cli/registry.cpp")
+    constant = words.constant(table, "cfgtool/cli/registry.cpp")
     if constant is None:
-        raise Wrong(f"cli/registry.cpp has no table {table}")
+        raise Wrong(f"cfgtool/cli/registry.cpp has no table {table}")
     rows = rows_of(constant.value)
     comma = Token("sign", ",", 0)
     return {row[0][0].value: [token for cell in row[3:] for token in [*cell, comma]][:-1] for row in rows if row}
@@ -124,7 +124,7 @@ def registry_rows(words: Words, table: str) -> dict[str, Tokens]:
 
 def commands_of(words: Words, listed: Listed, verdicts: Verdicts) -> list[Command]:
     tables = [("", "top_level_dataitems", listed["dataitems"])]
-    names = words.constant("target_dataitems", "cli/registry.cpp")
+    names = words.constant("target_dataitems", "cfgtool/cli/registry.cpp")
     table_names = [token.value for token in names.value if token.kind == "name"] if names else []
     for table, target in zip(table_names, listed["targets"], strict=True):
         tables.append((target["name"], table, target["dataitems"]))
@@ -140,7 +140,7 @@ def commands_of(words: Words, listed: Listed, verdicts: Verdicts) -> list[Comman
 
 
 def fill(command: Command, words: Words, verdicts: Verdicts) -> None:
-    reach = words.reach(command.cells, "cli/registry.cpp")
+    reach = words.reach(command.cells, "cfgtool/cli/registry.cpp")
     command.sentences = words.said_by(reach.functions)
     for record in words.records_of(reach):
         if verdicts.meanings.get(record) == "never":
@@ -160,7 +160,7 @@ def own_codes(command: Command, words: Words) -> list[str]:
     for function in words.source.functions:
         if function.name in names and "argc" in function.parameters and "which" not in function.parameters:
             names |= {token.value for token in function.body}
-    constants = [words.constant(name, "sensor/sensor.cpp") for name in sorted(names)]
+    constants = [words.constant(name, "cfgtool/sensor/sensor.cpp") for name in sorted(names)]
     codes = [t.value[2:] for c in constants if c for t in c.value if re.fullmatch("0x[0-9A-F]{8}", t.value)]
     if len(codes) != 1:
         raise Wrong(f"{command.words}: one event code was to be found, not {codes}")

@@ -6,7 +6,8 @@ import re
 
 from source import Call, Constant, Function, Source, Token, Tokens, Unreadable, calls_in, split, values
 
-FOLDERS = ["cli", "chassis", "ipmi", "network", "oplog", "sel", "sensor", "snmp", "user"]
+ROOMS = ("cli", "chassis", "network", "snmp", "user", "sensor", "sel", "ipmi", "oplog", "ui", "system")
+FOLDERS = tuple(f"cfgtool/{room}" for room in ROOMS)
 
 # What prints its first argument as printf does, and what it puts behind. Nothing else may print, but for list_row()
 # and these routines themselves.
@@ -17,7 +18,7 @@ PRINTERS = {"print_line", "say", "refuse", "say_raw", "say_now", "sdr_diagnose",
 RECORDING = {"log_record": 2, "log_change": 1, "save_sys_log": 2}  # which argument is the record
 
 # A template parameter that is a routine: where it is called, and what it is bound to.
-BOUND = {("cli/prompt.h", "ask"): ("read_password", "read_community")}
+BOUND = {("cfgtool/ui/prompt.h", "ask"): ("read_password", "read_community")}
 
 CONVERSION = re.compile(r"%[-0-9.*]*[a-zA-Z]|%%")
 
@@ -227,7 +228,7 @@ class Words:
         found = {token.value for token in tokens if token.kind == "text" and "EvtCode:" in token.value}
         for function in reach.functions:
             for call in calls_in(function.body):
-                if call.name in RECORDING and function.file != "oplog/oplog.cpp":
+                if call.name in RECORDING and function.file != "cfgtool/oplog/oplog.cpp":
                     record, *arguments = call.arguments[RECORDING[call.name] :]
                     if is_text(record) and "EvtCode:" not in record[0].value and record[0].value not in ("", "%s"):
                         found.update(self.filled(record[0].value, arguments, function, call))

@@ -20,7 +20,7 @@ open_desk_folder() {
 make_disk() {
     if [[ ! -e $desk/lock/disk-made ]]; then
         mkdir -p "$desk"/data/{home,log} "$desk/ipmc/usr"
-        cp -Rn "$repository/controller/disk"/{data,ipmc,web} "$desk"
+        cp -Rn "$repository/ipmcd/disk"/{data,ipmc,web} "$desk"
         make_board
         touch "$desk/lock/disk-made"
     fi

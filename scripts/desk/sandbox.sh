@@ -18,10 +18,10 @@ describe_sandbox() {
         fi
     done
     for name in passwd group profile; do
-        sandbox+=(--ro-bind "$repository/controller/disk/etc/$name" "/etc/$name")
+        sandbox+=(--ro-bind "$repository/ipmcd/disk/etc/$name" "/etc/$name")
     done
     # What the tool runs from there. The machine's own system programs are in /usr/sbin.
-    sandbox+=(--ro-bind "$repository/controller/disk/sbin" /sbin)
+    sandbox+=(--ro-bind "$repository/ipmcd/disk/sbin" /sbin)
     sandbox+=(--proc /proc --dev /dev --symlink ../tmp /var/tmp)
 
     for folder in data ipmc web ko tmp; do
@@ -51,7 +51,7 @@ name_of_user() {
             echo "$name"
             return
         fi
-    done <"$repository/controller/disk/etc/passwd"
+    done <"$repository/ipmcd/disk/etc/passwd"
 }
 
 # A system-call filter for `bwrap --seccomp`. The command shares the user's terminal, and must, for job control and

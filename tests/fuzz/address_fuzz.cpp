@@ -1,6 +1,6 @@
 /// Addresses as they are typed: an address and a mask, on two lines, by the rules and through every command that takes
 /// one.
-#include "network/address.h"
+#include "ui/address.h"
 
 #include "tests/fuzz/platform.h"
 #include "tests/fuzz/process.h"

@@ -6,8 +6,8 @@
 ///   c TEXT                a line for the control socket, to its end
 ///   s                     the state is saved and loaded
 ///   other ROW LENGTH BYTES  a request of this row of the families' tables, its data behind the leading bytes
-#include "controller/control.h"
-#include "controller/service.h"
+#include "ipmcd/control.h"
+#include "ipmcd/service.h"
 
 #include <algorithm>
 #include <cstdlib>

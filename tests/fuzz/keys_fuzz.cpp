@@ -1,6 +1,6 @@
 /// Keys at every kind of prompt, one prompt behind the other, beside an editing of the same keys. An input is the
 /// number of prompts, a letter for each, and what is typed.
-#include "cli/prompt.h"
+#include "ui/prompt.h"
 
 #include "tests/fuzz/platform.h"
 #include "tests/fuzz/process.h"

@@ -1,6 +1,6 @@
 /// Numbers as they are typed, beside a reading of the same text digit by digit.
-#include "cli/words.h"
 #include "tests/fuzz/platform.h"
+#include "ui/arguments.h"
 
 #include <algorithm>
 #include <cctype>

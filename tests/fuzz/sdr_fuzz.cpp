@@ -1,6 +1,6 @@
 /// The reader of sensor data records and the conversion, against a controller that answers anything. The reader is
 /// compiled in, so that each run begins with nothing read.
-#include "sensor/sdr.cpp"
+#include "ipmi/sdr.cpp"
 
 #include "sensor/conversion.h"
 #include "tests/fuzz/platform.h"

@@ -8,7 +8,8 @@ import subprocess
 import sys
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
-FOLDERS = ("cli", "ipmi", "oplog", "chassis", "network", "snmp", "user", "sensor", "sel")
+ROOMS = ("cli", "chassis", "network", "snmp", "user", "sensor", "sel", "ipmi", "oplog", "ui", "system")
+FOLDERS = tuple(f"cfgtool/{room}" for room in ROOMS)
 # Played when no transcript notices: what is linked anew, and how it is run. The grid plays its runs without a fault
 # and sees what is not given back; the terminal tests see signals between two keys.
 SECOND_LINE = {

@@ -71,9 +71,9 @@ class Places(unittest.TestCase):
         self.assertEqual(call.apply(source), "void f()\n{\n    ;\n\n    h = 1;\n}\n")
 
     def test_a_seed_always_gives_the_same(self):
-        text = text_of("cli/words.cpp")
-        self.assertEqual(order_of("cli/words.cpp", text, 7), order_of("cli/words.cpp", text, 7))
-        self.assertNotEqual(order_of("cli/words.cpp", text, 7), order_of("cli/words.cpp", text, 8))
+        text = text_of("cfgtool/ui/arguments.cpp")
+        self.assertEqual(order_of("cfgtool/ui/arguments.cpp", text, 7), order_of("cfgtool/ui/arguments.cpp", text, 7))
+        self.assertNotEqual(order_of("cfgtool/ui/arguments.cpp", text, 7), order_of("cfgtool/ui/arguments.cpp", text, 8))
 
     def test_every_file_has_its_share(self):
         self.assertEqual(shares(10, {"large": 90, "small": 10, "none": 0}), {"large": 9, "small": 1, "none": 0})
@@ -95,7 +95,7 @@ class Mutants(unittest.TestCase):
         self.runs = [run for run in runs_of(f"{ROOT}/tests/transcripts/chassis/fan.t") if run.argv == wanted]
         self.assertTrue(self.runs)
         self.trial = Trial(self.build, self.runs, None, scratch.name)
-        self.source = "chassis/fan.cpp"
+        self.source = "cfgtool/chassis/fan.cpp"
         self.text = text_of(self.source)
 
     def changed(self, after):
@@ -111,7 +111,7 @@ class Mutants(unittest.TestCase):
 
     def test_caught_by_unit_tests(self):
         """What no command line reaches."""
-        source = "user/settings.cpp"
+        source = "cfgtool/user/settings.cpp"
         text = text_of(source)
         self.assertIn("offset += serial_piece", text)
         changed = text.replace("offset += serial_piece", "offset -= serial_piece")

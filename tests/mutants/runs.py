@@ -70,7 +70,7 @@ def build_tracing_tool(build, folder):
         if not build.compile(source, f"{ROOT}/{source}", objects[source], "-O0", "-g", "-fsanitize-coverage=trace-pc"):
             sys.exit(f"mutants: {source} does not compile")
     own = f"{folder}/reach.o"
-    flags = build.compilers["cli/main.cpp"]
+    flags = build.compilers["cfgtool/cli/main.cpp"]
     subprocess.run([*flags, "-c", f"{ROOT}/tests/mutants/reach.cpp", "-o", own], check=True, cwd=build.folder)
     os.makedirs(f"{folder}/bin", exist_ok=True)
     if not os.path.islink(f"{folder}/lib"):

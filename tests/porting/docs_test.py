@@ -22,7 +22,7 @@ NOT_OURS = re.compile(r"[$<>@=:|%]|\.\.\.|^[-/~]|(^|/)[A-Z]+(_[a-z]+)?(\*|/|$|\.
 PROGRAMS = {
     "./check": ["check"],
     "./desk": ["desk"],
-    "ipmcd": ["controller/options.cpp", "controller/main.cpp"],
+    "ipmcd": ["ipmcd/options.cpp", "ipmcd/main.cpp"],
     "platform-check": ["platform/linux/platform_check.cpp"],
     "tests/transcript.py": ["tests/transcript.py"],
     "tests/faults/play": ["tests/faults/grid.cpp"],
@@ -127,7 +127,7 @@ def wrong_options(code):
 
 
 def wrong_commands(code):
-    rows = re.findall(r'^    \{"(\w+)", "', text_of("/cli/registry.cpp"), re.MULTILINE)
+    rows = re.findall(r'^    \{"(\w+)", "', text_of("/cfgtool/cli/registry.cpp"), re.MULTILINE)
     for command in re.findall(r"\bcfgtool((?: -[td] [a-z]\w*)+)", code):
         for name in re.findall(r" -[td] (\w+)", command):
             if not any(row.startswith(name) for row in rows):
@@ -190,8 +190,8 @@ class Mistakes(unittest.TestCase):
                      "`build-asan/bin/fuzz-nowhere`", "`./check --nowhere`", "`./desk --nowhere cfgtool`",
                      "`cfgtool -d nowhere`", "`cfgtool -t nowhere -d state`",
                      "`cmake --preset nowhere`", "`cmake -DNOWHERE=1`", "```sh\n./check \\\n  --nowhere\n```\n",
-                     "```cpp cli/main.cpp\nint nowhere;\n```\n", "```cpp cli/nowhere.cpp\n\n```\n",
-                     "```cpp cli/main.cpp\n    ipc_exit();\n    ...\n    cpld_init();\n```\n"):
+                     "```cpp cfgtool/cli/main.cpp\nint nowhere;\n```\n", "```cpp cfgtool/cli/nowhere.cpp\n\n```\n",
+                     "```cpp cfgtool/cli/main.cpp\n    ipc_exit();\n    ...\n    cpld_init();\n```\n"):
             self.assertEqual(len(list(mistakes(page))), 1, page)
         if names_of_tests():
             self.assertEqual(len(list(mistakes("`ctest --test-dir build -R nowhere`"))), 1)
@@ -201,7 +201,7 @@ class Mistakes(unittest.TestCase):
                      "`main.cpp`", "`./desk`", "`/data/cli.conf`", "`tests/transcripts/AREA/*.t`", "`chassis/fan`",
                      "`build/bin/cfgtool`", "`./check --quick`", "`./desk --user 503 cfgtool -d fanl`",
                      "`cmake --preset arm`", "`cmake -DOEM_IANA=1`",
-                     "```cpp cli/main.cpp\n    cpld_init();\n    ...\n    ipc_exit();\n```\n"):
+                     "```cpp cfgtool/cli/main.cpp\n    cpld_init();\n    ...\n    ipc_exit();\n```\n"):
             self.assertEqual(list(mistakes(page)), [], page)
 
 

@@ -1,4 +1,4 @@
-#include "network/address.h"
+#include "ui/address.h"
 
 #include "tests/unit/platform_stub.h"
 

@@ -1,4 +1,4 @@
-#include "cli/board_profile.h"
+#include "system/board_profile.h"
 
 #include "tests/unit/platform_stub.h"
 

@@ -1,4 +1,4 @@
-#include "chassis/boot_options.h"
+#include "ipmi/boot_options.h"
 
 #include "tests/unit/conversation.h"
 

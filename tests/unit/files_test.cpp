@@ -1,5 +1,5 @@
 /// Files of the controller, where calls are interrupted or fail.
-#include "cli/files.h"
+#include "system/files.h"
 
 #include "tests/platform/test_folder.h"
 #include "tests/unit/failing_call.h"

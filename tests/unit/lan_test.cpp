@@ -1,4 +1,4 @@
-#include "network/lan.h"
+#include "ipmi/lan_parameters.h"
 
 #include "tests/unit/conversation.h"
 

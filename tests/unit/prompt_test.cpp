@@ -1,4 +1,4 @@
-#include "cli/prompt.h"
+#include "ui/prompt.h"
 
 #include "tests/unit/platform_stub.h"
 

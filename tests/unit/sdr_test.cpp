@@ -1,5 +1,5 @@
 /// What the reader of sensor data records says when it is told to, and what it need not ask twice.
-#include "sensor/sdr.h"
+#include "ipmi/sdr.h"
 
 #include "sensor/sensor.h"
 #include "tests/unit/conversation.h"

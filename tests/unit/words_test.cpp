@@ -1,4 +1,4 @@
-#include "cli/words.h"
+#include "ui/arguments.h"
 
 #include <gtest/gtest.h>
 #include <string>

@@ -1,0 +1,165 @@
+#include "chassis/boot.h"
+
+#include "ipmi/boot_options.h"
+#include "ipmi/privilege.h"
+#include "ipmi/transport.h"
+#include "oplog/oplog.h"
+#include "system/hold_signals.h"
+#include "ui/arguments.h"
+#include "ui/console.h"
+#include "ui/prompt.h"
+
+// CMOS clear --------------------------------------------------------------------------------------------------------
+
+/// The bit is a pulse for the controller, not a lasting flag: it is taken back at once, whatever comes of that.
+static void take_back_clear_cmos()
+{
+    boot_flags flags;
+    if (!get_boot_flags(flags))
+        return;
+    flags.byte2() &= uint8_t(~boot_flags::clear_cmos);
+    ipmi_rsp answer;
+    exchange(set_boot_flags(flags), answer);
+}
+
+int clearcmos(uint8_t level, uint8_t argc, char **argv, const char *target)
+{
+    static constexpr char failure[] = "Clear CMOS  failed, error code: 0x%X";  // Kept: two blanks
+    if (!check_privilege(level, argc, argv, target))
+        return 0;
+    if (argc != 0)
+        return refuse("Usage: cfgtool -d clearcmos");
+    if (!ask_confirm_with_warning())
+        return 0;
+
+    boot_flags flags;
+    if (!get_boot_flags(flags))
+        return refuse(failure, g_error_code);
+    const hold_signals until_closed;
+    if (!set_boot_option_progress(1))
+        return refuse(failure, g_error_code);
+    flags.byte2() |= boot_flags::clear_cmos;
+    ipmi_rsp answer;
+    const ipmi_outcome got = exchange(set_boot_flags(flags), answer);
+    if (!got.ok())
+        say(failure, got.error_code());
+    if (got.how == ipmi_outcome::end::refused) {
+        set_boot_option_progress(0);
+        return 0;
+    }
+    if (got.ok()) {
+        say("Clear CMOS successfully.");
+        log_change("CMOS", "Clear CMOS success,EvtCode:0x20400230");
+    }
+    take_back_clear_cmos();
+    return set_boot_option_progress(0);  // Kept: decides alone, also when the clearing was not answered
+}
+
+// Boot device -------------------------------------------------------------------------------------------------------
+
+/// The option is the boot device selector (IPMI 2.0, Boot Option Parameters).
+struct boot_device {
+    int32_t option;
+    const char *log_name;
+};
+static constexpr boot_device boot_devices[] = {
+    {0, "No override"}, {1, "PXE"},        {2, "Hard-drive"},
+    {5, "CD/DVD"},      {6, "BIOS SETUP"}, {0xF, "floppy/primary removable media"},
+};
+
+static constexpr char bootdevice_usage[] = "Usage: cfgtool -d bootdevice -v <option>\r\n"
+                                           "Options are:\r\n"
+                                           "    0    No override\r\n"
+                                           "    1    Force PXE\r\n"
+                                           "    2    Force boot from default Hard-drive\r\n"
+                                           "    5    Force boot from default CD/DVD\r\n"
+                                           "    6    Force boot into BIOS Setup\r\n"
+                                           "    0xF  Force boot from Floppy/primary removable media";
+
+static const boot_device *find_device(int32_t option)
+{
+    for (const boot_device &device : boot_devices)
+        if (device.option == option)
+            return &device;
+    return nullptr;
+}
+
+/// The flags to start from: the controller's if they are valid. Kept: failing to read them is not told.
+static boot_flags current_or_empty_flags()
+{
+    boot_flags flags;
+    if (get_boot_flags(flags) && (flags.byte1() & boot_flags::valid) != 0)
+        return flags;
+    flags = {};
+    flags.byte1() = boot_flags::valid;  // for the next boot only
+    return flags;
+}
+
+int bootdevice(uint8_t level, uint8_t argc, char **argv, const char *target)
+{
+    static constexpr char failure[] = "Set boot device failed, error code: 0x%X";
+    if (!check_privilege(level, argc, argv, target))
+        return 0;
+    const boot_device *device = values_given(argc, argv, 1) ? find_device(parse_number(argv[1])) : nullptr;
+    if (device == nullptr)
+        return refuse(bootdevice_usage);
+
+    boot_flags flags = current_or_empty_flags();
+    const hold_signals until_closed;
+    if (!set_boot_option_progress(1))
+        return refuse(failure, g_error_code);
+    flags.byte2() = uint8_t((flags.byte2() & ~boot_flags::device_mask) | device->option << 2);
+    ipmi_rsp answer;
+    const ipmi_outcome got = exchange(set_boot_flags(flags), answer);
+    if (got.how == ipmi_outcome::end::refused) {
+        set_boot_option_progress(0);
+        return refuse(failure, got.error_code(boot_option_flags));
+    }
+    if (got.ok()) {
+        say("Set boot device successfully.");
+        log_change("Host", "Set system boot device(%s) success,EvtCode:0x20100080", device->log_name);
+    } else {
+        say(failure, g_error_code);
+    }
+    return set_boot_option_progress(0);
+}
+
+// BIOS write protection ---------------------------------------------------------------------------------------------
+
+static constexpr char bioswriteprotect_usage[] = "Usage: cfgtool -d bioswriteprotect -v <option>\r\n"
+                                                 "Options are:\r\n"
+                                                 "    1    BIOS write protect enable\r\n"
+                                                 "    0    BIOS write protect disable";
+
+/// Kept: always g_error_code, which a refusal does not set: it shows 0.
+static int protection_failed(bool enable)
+{
+    if (enable)
+        return refuse("Enable BIOS write protection failed, error code: 0x%X", g_error_code);
+    return refuse("Disable BIOS write protection failed, error code: 0x%X", g_error_code);
+}
+
+int bioswriteprotect(uint8_t level, uint8_t argc, char **argv, const char *target)
+{
+    if (!check_privilege(level, argc, argv, target))
+        return 0;
+    const int32_t option = values_given(argc, argv, 1) ? parse_number(argv[1]) : -1;
+    if (option != 0 && option != 1)
+        return refuse(bioswriteprotect_usage);
+    const bool enable = option == 1;
+
+    const hold_signals until_closed;
+    if (!set_boot_option_progress(1))
+        return protection_failed(enable);
+    ipmi_rsp answer;
+    const ipmi_outcome got = exchange(set_boot_option(boot_option_bios_protect).u8(uint8_t(option)), answer);
+    if (!got.ok())
+        protection_failed(enable);
+    if (got.how == ipmi_outcome::end::refused) {
+        set_boot_option_progress(0);
+        return 0;
+    }
+    if (got.ok())
+        say(enable ? "Enable BIOS write protection successfully." : "Disable BIOS write protection successfully.");
+    return set_boot_option_progress(0);
+}

@@ -1,0 +1,131 @@
+#include "chassis/fan.h"
+
+#include "ipmi/privilege.h"
+#include "ipmi/transport.h"
+#include "oplog/oplog.h"
+#include "system/board_profile.h"
+#include "ui/arguments.h"
+#include "ui/console.h"
+
+static constexpr uint32_t mode_auto = 0, mode_manual = 1;
+static constexpr uint32_t default_timeout_s = 30, max_timeout_s = 100000000;
+static constexpr uint8_t emergency_shut_down = 254;  // PICMG 3.0, Get Fan Level
+
+static ipmi_request get_fan_mode() { return ipmi_request(netfn_oem, 0x91).oem().u8(0x02); }
+
+static ipmi_request set_fan_mode_auto() { return ipmi_request(netfn_oem, 0x91).oem().u8(0x01).u8(mode_auto); }
+
+static ipmi_request set_fan_mode_manual(uint32_t timeout_s)
+{
+    return ipmi_request(netfn_oem, 0x91).oem().u8(0x01).u8(mode_manual).u32le(timeout_s);
+}
+
+static ipmi_request get_fan_level()
+{
+    return ipmi_request(netfn_picmg, 0x16).u8(0x00).u8(0x00);  // PICMG identifier, FRU 0
+}
+
+static ipmi_request set_fan_level(uint8_t percent)
+{
+    return ipmi_request(netfn_picmg, 0x15).u8(0x00).u8(0x00).u8(percent);
+}
+
+// Status ------------------------------------------------------------------------------------------------------------
+
+static void show_level(uint8_t level)
+{
+    if (level == emergency_shut_down)
+        say_raw("Fan has been placed in \"Emergency Shut Down\" by the Shelf Manager\n");  // Kept: no carriage return
+    else if (level <= 100)
+        say("Manual Fan Level:    %d%%", level);
+}
+
+/// Shows the mode and, unless it is automatic, the level. 1 = shown, 0 = no answer, else the completion code.
+static int show_fan_status()
+{
+    ipmi_rsp answer;
+    ipmi_outcome got = exchange(get_fan_mode(), answer);
+    if (!got.ok())
+        return got.completion;
+
+    ipmi_reader status(got.data);
+    const uint8_t mode = status.skip(3).u8();  // behind the enterprise number
+    const uint32_t timeout_s = status.u32le();
+    const bool forever = status.u8() == 1;
+    if (mode == mode_auto) {
+        say("Current Mode:        Auto ");  // Kept: a blank behind it
+        return 1;
+    }
+    if (mode == mode_manual && forever)
+        say("Current Mode:        manual forever");
+    else if (mode == mode_manual)
+        say("Current Mode:        manual, timeout %u seconds.", timeout_s);
+
+    got = exchange(get_fan_level(), answer);
+    if (!got.ok())
+        return got.completion;
+    show_level(ipmi_reader(got.data).skip(1).u8());  // behind the PICMG identifier
+    return 1;
+}
+
+// Commands ----------------------------------------------------------------------------------------------------------
+
+static constexpr char fanmode_usage[] =
+    "Usage: cfgtool -d fanmode -v <mode> [timeout]\r\n"
+    "Modes are:\r\n"
+    "    0    auto regulate fan speed, without parameter [timeout]\r\n"
+    "    1    manual regulate fan speed, with parameter [timeout], timeout range <0-100000000>";
+
+int fanmode(uint8_t level, uint8_t argc, char **argv, const char *target)
+{
+    if (!check_privilege(level, argc, argv, target))
+        return 0;
+    const bool timeout_given = values_given(argc, argv, 2);
+    if (!timeout_given && !values_given(argc, argv, 1))
+        return refuse(fanmode_usage);
+    const uint32_t mode = parse_unsigned(argv[1]);
+    const uint32_t timeout_s = timeout_given ? parse_unsigned(argv[2]) : default_timeout_s;
+    if (mode > mode_manual || timeout_s > max_timeout_s)  // what is no number is larger than both
+        return refuse(fanmode_usage);
+    if (mode == mode_auto && timeout_given)
+        return refuse(fanmode_usage);
+
+    ipmi_rsp answer;
+    const ipmi_outcome got = exchange(mode == mode_auto ? set_fan_mode_auto() : set_fan_mode_manual(timeout_s), answer);
+    if (!got.ok())
+        return refuse("Set fan mode failed, error code: 0x%X", got.error_code());
+
+    say("Set fan mode successfully.");
+    if (mode == mode_auto) {
+        say("Current Mode:       Auto");  // Kept: one blank less than in the status
+        log_change("Fan", "Set fan mode(%s) success,EvtCode:0x20E004D0", "auto");
+        return 1;
+    }
+    show_fan_status();
+    log_change("Fan", "Set fan mode(%s) success,EvtCode:0x20E004D0", "manual");
+    log_change("Fan", "Set fan manual mode expired time(%u seconds) success,EvtCode:0x20E004E0", timeout_s);
+    return 1;
+}
+
+int fanlevel(uint8_t level, uint8_t argc, char **argv, const char *target)
+{
+    if (!check_privilege(level, argc, argv, target))
+        return 0;
+    const int32_t percent = values_given(argc, argv, 1) ? parse_number(argv[1]) : -1;
+    if (percent < 0)
+        return refuse("Usage: cfgtool -d fanlevel -v <value>");
+    if (percent < board.min_fan_level)
+        return refuse("Fanlevel must not be lower than %d percent.", board.min_fan_level);
+    if (percent > 100)
+        return refuse("The highest fanlevel is 100 percent.");
+
+    ipmi_rsp answer;
+    const ipmi_outcome got = exchange(set_fan_level(uint8_t(percent)), answer);
+    if (!got.ok())
+        return refuse("Set fan level  failed, error code: 0x%X", got.error_code());  // Kept: two blanks
+
+    say("Set fan level successfully.");
+    show_fan_status();
+    log_change("Fan", "Set fan level(%d) success,EvtCode:0x20E004F0", percent);
+    return 1;
+}

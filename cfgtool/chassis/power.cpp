@@ -1,0 +1,144 @@
+#include "chassis/power.h"
+
+#include "ipmi/boot_options.h"
+#include "ipmi/privilege.h"
+#include "ipmi/transport.h"
+#include "oplog/oplog.h"
+#include "system/hold_signals.h"
+#include "ui/arguments.h"
+#include "ui/console.h"
+#include "ui/prompt.h"
+
+static constexpr uint8_t fru0 = 0;
+static constexpr uint8_t not_in_present_state = 0xD5;
+
+/// One thing to do to the host.
+struct host_action {
+    uint32_t option;  // as typed
+    uint8_t code;     // as sent
+    const char *words, *success, *failure;
+};
+
+static constexpr host_action power_actions[] = {
+    {0, 0x05, "off graceful", "Set chassis control(power off graceful),EvtCode:0x201000B0",
+     "Set chassis control(power off graceful) fail,EvtCode:0x201000B1"},
+    {1, 0x01, "on", "Host power on success,EvtCode:0x20100010", "Host power on fail,EvtCode:0x20100011"},
+    {2, 0x00, "off force", "Host power off force success,EvtCode:0x20100020",
+     "Host power off force fail,EvtCode:0x20100021"},
+};
+static constexpr host_action fru_actions[] = {
+    {0, 0x00, "cold reset", "Host cold reset success,EvtCode:0x20100030", "Host cold reset fail,EvtCode:0x20100031"},
+    {2, 0x02, "graceful reboot", "Host graceful reboot success,EvtCode:0x20100040",
+     "Host graceful reboot fail,EvtCode:0x20100041"},
+};
+
+static ipmi_request chassis_control(uint8_t control) { return ipmi_request(netfn_chassis, 0x02).u8(control); }
+
+static ipmi_request fru_control(uint8_t fru, uint8_t option)
+{
+    return ipmi_request(netfn_picmg, 0x04).u8(0x00).u8(fru).u8(option);  // PICMG identifier first
+}
+
+static int log_failure(const char *record)
+{
+    save_sys_log(log_class_change, "Host", record);
+    return 0;
+}
+
+/// What both commands record when no action was chosen, refused privilege included. Kept: the failure of "on".
+static int log_nothing_chosen() { return log_failure("Host power control fail,EvtCode:0x20100011"); }
+
+template <size_t count>
+static const host_action *find_action(const host_action (&actions)[count], uint8_t argc, char **argv)
+{
+    const int32_t option = values_given(argc, argv, 1) ? parse_number(argv[1]) : -1;
+    for (const host_action &action : actions)
+        if (option >= 0 && action.option == uint32_t(option))
+            return &action;
+    return nullptr;
+}
+
+int powerstate(uint8_t level, uint8_t argc, char **argv, const char *target)
+{
+    if (!check_privilege(level, argc, argv, target))
+        return log_nothing_chosen();
+    const host_action *action = find_action(power_actions, argc, argv);
+    if (action == nullptr) {
+        say("Usage: cfgtool -d powerstate -v <option>\r\n"
+            "Options are:\r\n"
+            "    0    Graceful Power Off, deactivate FRU\r\n"
+            "    1    Power on, activate FRU\r\n"
+            "    2    Forcibly Power Off, deactivate FRU");
+        return log_nothing_chosen();
+    }
+    if (!ask_confirm_with_warning())
+        return log_nothing_chosen();
+
+    ipmi_rsp answer;
+    const ipmi_outcome got = exchange(chassis_control(action->code), answer);
+    if (got.how == ipmi_outcome::end::no_answer)
+        say("Control power %s failed, error code: 0x%X", action->words, g_error_code);
+    if (got.refused_with(not_in_present_state))  // Kept: no carriage return, and nothing for any other refusal
+        say_raw("Set Power Control(power %s)failed: Command not supported in present state\n", action->words);
+    if (!got.ok())
+        return log_failure(action->failure);
+
+    say("Control power %s successfully.", action->words);
+    save_sys_log(log_class_change, "Host", action->success);
+    return 1;
+}
+
+int frucontrol(uint8_t level, uint8_t argc, char **argv, const char *target)
+{
+    if (!check_privilege(level, argc, argv, target))
+        return log_nothing_chosen();
+    const host_action *action = find_action(fru_actions, argc, argv);
+    if (action == nullptr) {
+        say("Usage: cfgtool -d frucontrol -v <option>\r\n"
+            "Options are:\r\n"
+            "    0    Cold Reset\r\n"
+            "    2    Graceful Reboot");
+        return log_nothing_chosen();
+    }
+    if (!ask_confirm_with_warning())
+        return log_failure(action->failure);
+
+    ipmi_rsp answer;
+    const ipmi_outcome got = exchange(fru_control(fru0, action->code), answer);
+    if (got.how == ipmi_outcome::end::no_answer)
+        say("FRU control fru%d (%s) failed, error code: 0x%X", fru0, action->words, g_error_code);
+    if (got.refused_with(not_in_present_state))  // Kept: no carriage return, and nothing for any other refusal
+        say_raw("Set fru%d Power Control(%s)failed: Command not supported in present state\n", fru0, action->words);
+    if (!got.ok())
+        return log_failure(action->failure);
+
+    say("FRU control fru%d (%s) successfully.", fru0, action->words);
+    save_sys_log(log_class_change, "Host", action->success);
+    return 1;
+}
+
+int shutdowntimeout(uint8_t level, uint8_t argc, char **argv, const char *target)
+{
+    static constexpr char failure[] = "Set shutdown timeout failed, error code: 0x%X";
+    if (!check_privilege(level, argc, argv, target))
+        return 0;
+    const int32_t timeout_s = values_given(argc, argv, 1) ? parse_number(argv[1]) : -1;
+    if (timeout_s != 0 && (timeout_s < 10 || timeout_s > 6540))
+        return refuse("Usage: cfgtool -d shutdowntimeout -v <time>   time=0s or 10s<=time<=6540s");
+
+    const hold_signals until_closed;
+    if (!set_boot_option_progress(1))
+        return refuse(failure, g_error_code);
+    const auto timeout_100ms = uint16_t(timeout_s * 10);
+    ipmi_rsp answer;
+    const ipmi_outcome got = exchange(set_boot_option(boot_option_shutdown_timeout).u16le(timeout_100ms), answer);
+    if (got.how == ipmi_outcome::end::refused) {
+        set_boot_option_progress(0);
+        return refuse(failure, got.error_code(boot_option_shutdown_timeout));
+    }
+    if (got.ok()) {
+        say("Set shutdown timeout successfully.");
+        log_change("Host", "Set graceful shutdown timeout(%d seconds) success,EvtCode:0x20100090", timeout_s);
+    }
+    return set_boot_option_progress(0);  // Kept: decides alone, also when the timeout was not answered
+}

@@ -1,0 +1,84 @@
+#include "chassis/reset.h"
+
+#include "ipmi/privilege.h"
+#include "ipmi/transport.h"
+#include "oplog/oplog.h"
+#include "platform/platform.h"
+#include "ui/arguments.h"
+#include "ui/console.h"
+#include "ui/prompt.h"
+
+#include <cstring>
+
+// Controller --------------------------------------------------------------------------------------------------------
+
+static ipmi_request cold_reset() { return ipmi_request(netfn_app, 0x02); }
+
+int reset(uint8_t level, uint8_t argc, char **argv, const char *target)
+{
+    if (!check_privilege(level, argc, argv, target))
+        return 0;
+    if (argc != 0)
+        return refuse("Usage: cfgtool -d reset");
+    if (!ask_confirm("This operation will reboot IPMC system. Continue? [Y/N]:"))
+        return 0;
+
+    ipmi_rsp answer;
+    const ipmi_outcome got = exchange(cold_reset(), answer);
+    if (!got.ok())
+        return refuse("Reset failed, error code: 0x%X", got.error_code());
+    say("Resetting...");
+    log_change("Zentro", "Reset Zentro success,EvtCode:0x202001E0");
+    return 1;
+}
+
+// System Event Log --------------------------------------------------------------------------------------------------
+
+static constexpr uint8_t initiate_erase = 0xAA, get_erasure_status = 0x00;  // IPMI 2.0, Clear SEL
+static constexpr uint8_t erasure_completed = 1;
+
+static ipmi_request reserve_sel() { return ipmi_request(netfn_storage, 0x42); }
+
+static ipmi_request clear_sel(uint16_t reservation, uint8_t action)
+{
+    return ipmi_request(netfn_storage, 0x47).u16le(reservation).u8('C').u8('L').u8('R').u8(action);
+}
+
+/// A dot every 100 ms until the log is empty or the controller gives no answer to go by.
+static void wait_for_erasure(uint16_t reservation)
+{
+    for (;;) {
+        vos_task_delay_us(100000);
+        say_now(".");
+        ipmi_rsp answer;
+        const ipmi_outcome got = exchange(clear_sel(reservation, get_erasure_status), answer);
+        if (!got.ok() || (ipmi_reader(got.data).u8() & 0x3F) == erasure_completed)
+            return;
+    }
+}
+
+int sel(uint8_t level, uint8_t argc, char **argv, const char *target)
+{
+    static constexpr char failure[] = "Clear SEL failed, error code: 0x%X";
+    if (!check_privilege(level, argc, argv, target))
+        return 0;
+    if (!values_given(argc, argv, 1) || strcmp(argv[1], "clear") != 0)
+        return refuse("Usage: cfgtool -d sel -v clear");
+    if (!ask_confirm_with_warning())
+        return 0;
+
+    ipmi_rsp answer;
+    ipmi_outcome got = exchange(reserve_sel(), answer);
+    if (!got.ok())
+        return refuse(failure, got.error_code());
+    const uint16_t reservation = ipmi_reader(got.data).u16le();
+    got = exchange(clear_sel(reservation, initiate_erase), answer);
+    if (!got.ok())
+        return refuse(failure, got.error_code());
+
+    say_now("Clear sel .");
+    wait_for_erasure(reservation);
+    say("completed.");  // Kept: whatever ended the waiting
+    log_change("SEL", "Clear SEL records success,EvtCode:0x207002F0");
+    return 1;
+}

@@ -1,0 +1,55 @@
+#include "ipmi/privilege.h"
+
+#include "cli/options.h"
+#include "ipmi/transport.h"
+#include "platform/platform.h"
+#include "ui/console.h"
+
+#include <unistd.h>
+
+static constexpr uid_t account_base = 500;  // controller user N is account 500 + N
+static constexpr uint8_t lan_channel = 1;
+static constexpr char insufficient[] = "Insufficient privilege level";
+
+static ipmi_request get_user_access(uint8_t channel, uint8_t user)
+{
+    return ipmi_request(netfn_app, 0x44).u8(channel).u8(user);
+}
+
+/// The privilege limit of a controller user: the low four bits of the channel access byte, where 15 means no access.
+static uint8_t privilege_limit(std::span<const uint8_t> user_access)
+{
+    const uint8_t limit = ipmi_reader(user_access).skip(3).u8() & 0x0F;
+    return limit == 15 ? 0 : limit;
+}
+
+/// Null = allowed, else the reason why not.
+static const char *refusal(uid_t account, uint8_t level)
+{
+    if (account == 0)
+        return nullptr;
+    if (account <= account_base || account - account_base > UINT8_MAX)  // a user number is one byte
+        return insufficient;
+
+    ipmi_rsp answer;
+    const ipmi_outcome got = exchange(get_user_access(lan_channel, uint8_t(account - account_base)), answer);
+    if (got.how == ipmi_outcome::end::no_answer)
+        return "send 'Get User Access Command' failed!";
+    if (!got.ok()) {
+        g_error_code = got.error_code();
+        return "Get User Access Command failed!";
+    }
+    return privilege_limit(got.data) < level ? insufficient : nullptr;
+}
+
+int check_privilege(uint8_t level, uint8_t argc, char **, const char *)
+{
+    const char *reason = refusal(geteuid(), level);
+    if (reason == nullptr)
+        return 1;
+    say("%s", reason);
+    if (argc == 0)
+        vos_strncat(current_command, sizeof current_command,
+                    " operation rejected because of insufficient privilege level.", 60);
+    return 0;
+}

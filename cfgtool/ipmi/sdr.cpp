@@ -1,0 +1,464 @@
+#include "ipmi/sdr.h"
+
+#include "ipmi/code_text.h"
+#include "ipmi/transport.h"
+#include "platform/platform.h"
+#include "ui/console.h"
+
+#include <algorithm>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+int sdr_verbosity;
+
+void sdr_diagnose(const char *format, ...)
+{
+    if (sdr_verbosity != 1 && sdr_verbosity != 3)
+        return;
+    va_list values;
+    va_start(values, format);
+    vprintf(format, values);
+    va_end(values);
+    say_raw("\r\n");
+}
+
+/// A search that has no text of its own tells nothing of what it meets on the way either.
+static bool is_silent;
+
+static void tell(const char *text)
+{
+    if (!is_silent)
+        say("%s", text);
+}
+
+// Records -----------------------------------------------------------------------------------------------------------
+
+/// Where a record type keeps what is asked of it. Other types are read and forgotten.
+struct record_layout {
+    uint8_t type;
+    uint8_t id_string;    // offset of the type/length byte in the body, 0 = the record has no name
+    uint8_t sensor_type;  // offset of the sensor type, 0 = it is no sensor's
+};
+static constexpr record_layout record_layouts[] = {
+    {sdr_full, 42, 7},        // full sensor record
+    {sdr_compact, 26, 7},     // compact sensor record
+    {sdr_event_only, 11, 5},  // event-only record
+    {0x08, 0, 0},             // entity association
+    {0x10, 10, 0},            // generic device locator
+    {0x11, 10, 0},            // FRU device locator
+    {0x12, 10, 0},            // management controller device locator
+};
+
+static const record_layout *layout_of(uint8_t type)
+{
+    for (const record_layout &layout : record_layouts)
+        if (layout.type == type)
+            return &layout;
+    return nullptr;
+}
+
+static constexpr uint8_t id_length_mask = 0x1F;
+
+uint8_t sdr_record::sensor_type() const { return at(layout_of(type)->sensor_type); }
+
+void sdr_record::id_string(char (&text)[32]) const
+{
+    memset(text, 0, sizeof text);
+    const unsigned start = layout_of(type)->id_string;
+    const unsigned count = start != 0 ? at(start) & id_length_mask : 0;
+    for (unsigned n = 0; n < count; ++n)
+        text[n] = char(at(start + 1 + n));
+}
+
+/// The whole string, byte for byte, over the longer of the two; behind the record's end there are zeros.
+static bool has_name(const sdr_record &record, const char *name)
+{
+    const unsigned start = layout_of(record.type)->id_string;
+    if (start == 0)
+        return false;
+    const size_t name_length = strlen(name);
+    const size_t length = std::max<size_t>(name_length, record.at(start) & id_length_mask);
+    for (size_t n = 0; n < length; ++n)
+        if (record.at(unsigned(start + 1 + n)) != (n < name_length ? uint8_t(name[n]) : 0))
+            return false;
+    return true;
+}
+
+// The store ---------------------------------------------------------------------------------------------------------
+
+/// The requests of one kind of store: the repository, or the device's own records.
+struct sdr_source {
+    uint8_t netfn, info, reserve, read;
+};
+static constexpr sdr_source repository = {netfn_storage, 0x20, 0x22, 0x23};
+static constexpr sdr_source device_sdrs = {netfn_sensor_event, 0x20, 0x22, 0x21};
+
+static constexpr uint8_t reservation_cancelled = 0xC5, cannot_return_bytes = 0xCA;
+static constexpr unsigned header_length = 5;  // of a record, in front of its body
+static constexpr uint16_t last_record = 0xFFFF;
+
+struct sdr_iterator {
+    uint16_t reservation;
+    uint16_t record_count;  // for information
+    uint16_t next_record;   // 0 = the first one
+};
+struct sdr_header {
+    uint16_t next_record;
+    uint16_t id;
+    uint8_t version, type, length;
+};
+
+static bool use_device_sdrs;
+static sdr_iterator *iterator;
+static uint32_t manufacturer_id;
+static unsigned sdr_read_size = 255;  // only shrinks: 126, 62, 30, 14, 6, 2, 0
+static uint8_t headers_read[(last_record + 1) / 8];
+
+static const sdr_source &source() { return use_device_sdrs ? device_sdrs : repository; }
+
+/// A store that leads back to a record whose header was read has come to its end.
+static bool was_read(uint16_t record) { return (headers_read[record / 8] & 1 << record % 8) != 0; }
+static void note_as_read(uint16_t record) { headers_read[record / 8] |= uint8_t(1 << record % 8); }
+
+static bool reserve(sdr_iterator &store)
+{
+    ipmi_rsp answer;
+    const ipmi_outcome got = exchange(ipmi_request(source().netfn, source().reserve), answer);
+    if (!got.ok()) {
+        g_error_code = got.error_code();
+        return false;
+    }
+    store.reservation = ipmi_reader(got.data).u16le();
+    sdr_diagnose("SDR reservation ID %04x", store.reservation);
+    return true;
+}
+
+/// A cancelled reservation: others are reading too. Waits 0 to 3 s and asks for a new one.
+static bool renew_reservation(sdr_iterator &store)
+{
+    vos_task_delay((vos_rand() & 3) * 1000);
+    return reserve(store);
+}
+
+/// Finds out which records the controller offers.
+static bool choose_source()
+{
+    static constexpr uint8_t provides_device_sdrs = 0x80, is_repository = 0x02, is_sensor_device = 0x01;
+    ipmi_rsp answer;
+    const ipmi_outcome got = exchange(ipmi_request(netfn_app, 0x01), answer);  // Get Device ID
+    if (!got.ok()) {
+        g_error_code = got.error_code();
+        return false;
+    }
+    ipmi_reader device(got.data);
+    const uint8_t revision = device.skip(1).u8();
+    const uint8_t support = device.skip(3).u8();
+    manufacturer_id = device.u16le();
+    manufacturer_id |= uint32_t(device.u8() & 0x0F) << 16;
+    if ((revision & provides_device_sdrs) == 0)
+        return true;
+    if ((support & is_repository) != 0) {
+        sdr_diagnose("Using SDR from Repository ");
+        return true;
+    }
+    if ((support & is_sensor_device) != 0) {
+        sdr_diagnose("Using Device SDRs");
+        use_device_sdrs = true;
+        return true;
+    }
+    sdr_diagnose("Error obtaining SDR info");
+    return false;
+}
+
+static bool read_device_sdr_info(sdr_iterator &store)
+{
+    static constexpr uint8_t sdr_count = 0x01;
+    ipmi_rsp answer;
+    const ipmi_outcome got = exchange(ipmi_request(source().netfn, source().info).u8(sdr_count), answer);
+    if (got.how == ipmi_outcome::end::no_answer)
+        return false;
+    if (!got.ok() || got.data.empty()) {
+        tell("Err in cmd get sensor sdr info");
+        return false;
+    }
+    store.record_count = ipmi_reader(got.data).u8();
+    sdr_diagnose("SDR records   : %d", store.record_count);
+    return true;
+}
+
+static bool read_repository_info(sdr_iterator &store)
+{
+    ipmi_rsp answer;
+    const ipmi_outcome got = exchange(ipmi_request(source().netfn, source().info), answer);
+    if (!got.ok()) {
+        g_error_code = got.error_code();
+        return false;
+    }
+    ipmi_reader info(got.data);
+    const uint8_t version = info.u8();
+    if (version != 0x51 && version != 0x01 && version != 0x02)
+        sdr_diagnose("WARNING: Unknown SDR repository version 0x%02x", version);
+    store.record_count = info.u16le();
+    sdr_diagnose("SDR free space: %d", info.u16le());
+    sdr_diagnose("SDR records   : %d", store.record_count);
+    return true;
+}
+
+static bool open_store(sdr_iterator &store)
+{
+    if (!choose_source())
+        return false;
+    if (!(use_device_sdrs ? read_device_sdr_info(store) : read_repository_info(store)))
+        return false;
+    if (reserve(store))
+        return true;
+    sdr_diagnose("Unable to obtain SDR reservation");
+    return false;
+}
+
+static sdr_iterator *sdr_open()
+{
+    auto *store = static_cast<sdr_iterator *>(calloc(1, sizeof(sdr_iterator)));
+    if (store == nullptr) {
+        sdr_diagnose("IPMC: malloc failure");
+        return nullptr;
+    }
+    if (open_store(*store))
+        return store;
+    free(store);
+    return nullptr;
+}
+
+// Reading -----------------------------------------------------------------------------------------------------------
+
+static ipmi_request read_record(const sdr_iterator &store, uint16_t record, uint8_t offset, uint8_t count)
+{
+    return ipmi_request(source().netfn, source().read).u16le(store.reservation).u16le(record).u8(offset).u8(count);
+}
+
+/// Asks for the header up to five times. False = it is not to be had, and g_error_code says why.
+static bool ask_for_header(sdr_iterator &store, ipmi_rsp &answer, ipmi_outcome &got)
+{
+    for (int attempt = 0; attempt < 5; ++attempt) {
+        got = exchange(read_record(store, store.next_record, 0, header_length), answer);
+        if (got.ok())
+            return true;
+        if (got.how == ipmi_outcome::end::no_answer)
+            return false;
+        if (got.refused_with(reservation_cancelled)) {
+            sdr_diagnose("SDR reservation %04x cancelled. Sleeping a bit and retrying...", store.reservation);
+            if (!renew_reservation(store)) {
+                sdr_diagnose("Unable to renew SDR reservation");
+                return false;
+            }
+        } else {
+            sdr_diagnose("Get SDR %04x command failed: %s", store.next_record,
+                         completion_text(got.completion, got.netfn, got.command));
+        }
+    }
+    g_error_code = got.error_code();
+    return false;
+}
+
+/// The header of the next record, and the iterator moved on; null at the end and on failure. The next call overwrites
+/// it.
+static const sdr_header *sdr_get_next_header(sdr_iterator &store)
+{
+    static sdr_header header;
+    if (store.next_record == last_record || was_read(store.next_record))
+        return nullptr;
+    ipmi_rsp answer;
+    ipmi_outcome got{};
+    if (!ask_for_header(store, answer, got))
+        return nullptr;
+    note_as_read(store.next_record);
+
+    ipmi_reader fields(got.data);
+    header.next_record = fields.u16le();
+    header.id = fields.u16le();
+    header.version = fields.u8();
+    header.type = fields.u8();
+    header.length = fields.u8();
+    if (header.length == 0) {
+        g_error_code = got.error_code();
+        return nullptr;
+    }
+    if (header.id != store.next_record) {
+        sdr_diagnose("SDR record id mismatch: 0x%04x", header.id);
+        header.id = store.next_record;
+    }
+    sdr_diagnose("SDR record ID   : 0x%04x", header.id);
+    sdr_diagnose("SDR record type : 0x%02x", header.type);
+    sdr_diagnose("SDR record next : 0x%04x", header.next_record);
+    sdr_diagnose("SDR record bytes: %d", header.length);
+    store.next_record = header.next_record;
+    return &header;
+}
+
+static void dump_body(const uint8_t *body, unsigned length)
+{
+    if (sdr_verbosity != 1 && sdr_verbosity != 4)
+        return;
+    say("SDR data (len = %d):", int(length));
+    for (unsigned n = 0; n < length; ++n) {
+        say_raw("%02X ", body[n]);
+        if ((n + 1) % 20 == 0)
+            say_raw("\r\n");
+    }
+    say_raw("\r\n");
+}
+
+/// Fills the body piece by piece. False = it could not be read whole, and g_error_code says why.
+static bool fill_body(uint8_t *body, const sdr_header &header, sdr_iterator &store)
+{
+    unsigned position = 0;
+    while (position < header.length) {
+        if (sdr_read_size == 0) {  // refused down to nothing, perhaps at an earlier record
+            g_error_code = uint32_t(source().netfn) << 24 | uint32_t(source().read) << 16 | cannot_return_bytes;
+            return false;
+        }
+        const unsigned size = std::min(header.length - position, sdr_read_size);
+        const unsigned offset = (position & 0xFF) + header_length;
+        sdr_diagnose("Getting %d bytes from SDR at offset %d", int(size), int(offset));
+        ipmi_rsp answer;
+        const ipmi_outcome got = exchange(read_record(store, header.id, uint8_t(offset), uint8_t(size)), answer);
+        if (got.refused_with(reservation_cancelled)) {
+            sdr_diagnose("SDR reservation cancelled. Sleeping a bit and retrying...");
+            if (!renew_reservation(store))  // as often as it takes, unlike for a header
+                return false;
+            continue;
+        }
+        if (got.refused_with(cannot_return_bytes)) {
+            sdr_read_size = sdr_read_size / 2 - 1;
+            continue;
+        }
+        if (!got.ok()) {
+            g_error_code = got.error_code();
+            return false;
+        }
+        ipmi_reader piece(got.data);
+        piece.skip(2).bytes({body + position, size});  // behind the next record's id
+        position += sdr_read_size;
+    }
+    return true;
+}
+
+/// A body of the header's length, null on failure. The caller owns it.
+static uint8_t *sdr_read_body(const sdr_header &header, sdr_iterator &store)
+{
+    if (header.length < 1) {
+        g_error_code = error_empty_record;
+        return nullptr;
+    }
+    auto *body = static_cast<uint8_t *>(calloc(1, header.length + 1U));
+    if (body == nullptr) {
+        g_error_code = error_memory;
+        return nullptr;
+    }
+    if (!fill_body(body, header, store)) {
+        free(body);
+        return nullptr;
+    }
+    dump_body(body, header.length);
+    return body;
+}
+
+// Finding -----------------------------------------------------------------------------------------------------------
+
+static sdr_record *first_kept;
+static sdr_record **end_of_kept = &first_kept;
+
+/// Reads on to the next record of a kept type. Null at the end; `bodies_read` counts what was read on the way.
+static sdr_record *read_next(sdr_iterator &store, unsigned &bodies_read)
+{
+    while (const sdr_header *header = sdr_get_next_header(store)) {
+        auto *record = static_cast<sdr_record *>(calloc(1, sizeof(sdr_record)));
+        if (record == nullptr) {
+            tell("ipmi_sdr_find_sdr_byid: malloc failure");
+            return nullptr;
+        }
+        *record = {header->id, header->type, header->length, nullptr, sdr_read_body(*header, store)};
+        if (record->body == nullptr) {
+            free(record);
+            continue;
+        }
+        ++bodies_read;
+        if (layout_of(record->type) != nullptr) {
+            *end_of_kept = record;
+            end_of_kept = &record->next;
+            return record;
+        }
+        free(record->body);
+        free(record);
+    }
+    return nullptr;
+}
+
+/// What is looked for: a name, or a sensor's number and type.
+struct wanted_record {
+    const char *name;
+    uint8_t number, sensor_type;
+
+    bool fits(const sdr_record &record) const
+    {
+        if (name != nullptr)
+            return has_name(record, name);
+        return layout_of(record.type)->sensor_type != 0 && record.sensor_number() == number &&
+               record.sensor_type() == sensor_type;
+    }
+};
+
+static const sdr_record *find_kept(const wanted_record &wanted)
+{
+    const sdr_record *record = first_kept;
+    while (record != nullptr && !wanted.fits(*record))
+        record = record->next;
+    return record;
+}
+
+static const sdr_record *find(sdr_iterator &store, const wanted_record &wanted)
+{
+    if (const sdr_record *kept = find_kept(wanted))
+        return kept;
+    unsigned bodies_read = 0;
+    while (const sdr_record *record = read_next(store, bodies_read))
+        if (wanted.fits(*record))
+            return record;
+    if (bodies_read > 0)
+        g_error_code = error_sensor_not_found;
+    return nullptr;
+}
+
+const sdr_record *sdr_find_by_name(const char *name)
+{
+    if (name == nullptr) {
+        say("Get sdr fail.");
+        return nullptr;
+    }
+    if (iterator == nullptr)
+        iterator = sdr_open();
+    if (iterator == nullptr) {
+        say("Unable to open SDR for reading");
+        return nullptr;
+    }
+    return find(*iterator, {name, 0, 0});
+}
+
+/// Then the store is at its end, or does not answer: it is not asked again for each of many sensors.
+static bool asked_in_vain;
+
+const sdr_record *sdr_find_by_number(uint8_t number, uint8_t type)
+{
+    const wanted_record wanted{nullptr, number, type};
+    if (asked_in_vain)
+        return find_kept(wanted);
+    is_silent = true;
+    if (iterator == nullptr)
+        iterator = sdr_open();
+    const sdr_record *found = iterator != nullptr ? find(*iterator, wanted) : nullptr;
+    is_silent = false;
+    asked_in_vain = found == nullptr;
+    return found;
+}

@@ -1,0 +1,153 @@
+#include "ipmi/transport.h"
+
+#include "platform/platform.h"
+#include "ui/console.h"
+
+uint32_t g_error_code;
+
+static constexpr unsigned ipmi_service_port = 2001;
+static constexpr uint8_t requester_address = 0x63;
+static constexpr int max_attempts = 5;
+static constexpr unsigned retry_delay_us = 50000;
+static constexpr unsigned max_payload = 1024;
+static constexpr unsigned payload_start = 32;  // of the response record
+static constexpr unsigned data_start = 39;
+
+static uint8_t next_sequence;  // counts all calls of both variants; the lower six bits go on the wire
+
+/// The frame sent. It may hold a password, so nothing is left of it.
+struct frame_copy {
+    uint8_t byte[sizeof(ipmi_msg)];
+
+    explicit frame_copy(const ipmi_msg &request) { vos_memcpy(byte, sizeof byte, request.byte, sizeof byte); }
+    ~frame_copy() { vos_memset(byte, sizeof byte, 0, sizeof byte); }
+    frame_copy(const frame_copy &) = delete;
+    frame_copy &operator=(const frame_copy &) = delete;
+};
+
+/// With it, the bytes covered add up to 0 modulo 256.
+static uint8_t checksum(const uint8_t *bytes, unsigned count)
+{
+    uint8_t sum = 0;
+    for (unsigned n = 0; n < count; ++n)
+        sum = uint8_t(sum + bytes[n]);
+    return uint8_t(-sum);
+}
+
+static void complete_frame(frame_copy &frame, uint8_t length)
+{
+    frame.byte[0] = 0x00;
+    frame.byte[1] &= 0xFC;  // LUN 0
+    frame.byte[2] = checksum(frame.byte, 2);
+    frame.byte[3] = requester_address;
+    frame.byte[4] = uint8_t((next_sequence++ & 0x3F) << 2);
+    frame.byte[length] = checksum(frame.byte, length);
+}
+
+static bool receive(ipmi_rsp &response, int waits)
+{
+    while (waits-- > 0)
+        if (ipc_msg_recv(&response) != -1)
+            return true;
+    return false;
+}
+
+static bool belongs_to(const frame_copy &frame, const ipmi_rsp &response)
+{
+    const uint8_t *answer = response.byte + payload_start;
+    return (answer[1] >> 2) - 1 == frame.byte[1] >> 2 && answer[5] == frame.byte[5] && answer[3] == frame.byte[0] &&
+           answer[4] >> 2 == frame.byte[4] >> 2;
+}
+
+static unsigned payload_length(const ipmi_rsp &response) { return unsigned(response.byte[8] | response.byte[9] << 8); }
+
+static int fail(uint32_t reason)
+{
+    g_error_code = reason;
+    return 0;
+}
+
+static int send_recv(const ipmi_msg *request, ipmi_rsp *response, uint8_t length, int waits_per_send)
+{
+    if (request == nullptr)
+        return 0;
+    if (length >= sizeof(ipmi_msg))  // no room for the checksum
+        return fail(error_not_sent);
+
+    frame_copy frame(*request);
+    complete_frame(frame, length);
+    for (int attempt = 1;; ++attempt) {
+        if (ipc_msg_send(frame.byte, length + 1U, 0, ipmi_service_port) != 0) {
+            if (attempt == max_attempts)
+                return fail(error_not_sent);
+            vos_task_delay_us(retry_delay_us);
+        } else if (!receive(*response, waits_per_send)) {
+            if (attempt == max_attempts) {
+                say("Select OutTime ");  // Kept: a blank behind it
+                return fail(error_no_answer);
+            }  // Kept: the one retry without a pause
+        } else if (!belongs_to(frame, *response)) {
+            if (attempt == max_attempts)
+                return fail(error_not_matched);
+            vos_memset(response, sizeof *response, 0,
+                       sizeof *response);  // nothing of it behind the end of the next one
+            vos_task_delay_us(retry_delay_us);
+        } else if (const unsigned got = payload_length(*response); got == 0 || got > max_payload) {
+            say("rsp->data_len err(0x%x) ", got);  // Kept: a blank behind it
+            return fail(error_no_answer);
+        } else {
+            return 1;
+        }
+    }
+}
+
+int ipmi_send_recv(const ipmi_msg *request, ipmi_rsp *response, uint8_t length)
+{
+    return send_recv(request, response, length, 1);
+}
+
+int ipmi_send_recv_patient(const ipmi_msg *request, ipmi_rsp *response, uint8_t length)
+{
+    return send_recv(request, response, length, 5);
+}
+
+static ipmi_outcome exchange_by(int (*transport)(const ipmi_msg *, ipmi_rsp *, uint8_t), const ipmi_request &request,
+                                ipmi_rsp &response)
+{
+    ipmi_outcome outcome{ipmi_outcome::end::no_answer, request.netfn(), request.command(), 0, {}};
+    if (!request.fits()) {
+        g_error_code = error_not_sent;
+        return outcome;
+    }
+    vos_memset(&response, sizeof response, 0, sizeof response);
+    if (transport(&request.record, &response, request.length) != 1)
+        return outcome;
+
+    const unsigned end = payload_start + payload_length(response);
+    if (end >= data_start)
+        outcome.completion = response.byte[data_start - 1];
+    outcome.how = outcome.completion == 0 ? ipmi_outcome::end::answered : ipmi_outcome::end::refused;
+    if (end > data_start)
+        outcome.data = std::span(response.byte).subspan(data_start, end - data_start);
+    return outcome;
+}
+
+ipmi_outcome exchange(const ipmi_request &request, ipmi_rsp &response)
+{
+    return exchange_by(ipmi_send_recv, request, response);
+}
+
+ipmi_outcome exchange_patient(const ipmi_request &request, ipmi_rsp &response)
+{
+    return exchange_by(ipmi_send_recv_patient, request, response);
+}
+
+uint32_t ipmi_outcome::error_code(uint8_t selector) const
+{
+    return how == end::no_answer ? g_error_code : composite_code(selector);
+}
+
+uint32_t ipmi_outcome::composite_code(uint8_t selector) const
+{
+    return uint32_t(netfn) << 24 | uint32_t(command) << 16 | uint32_t(selector) << 8 | completion;
+}

@@ -1,0 +1,188 @@
+#include "network/nic.h"
+
+#include "ipmi/lan_parameters.h"
+#include "ipmi/privilege.h"
+#include "ipmi/transport.h"
+#include "oplog/oplog.h"
+#include "system/board_profile.h"
+#include "ui/arguments.h"
+#include "ui/console.h"
+
+#include <cstring>
+
+// LAN parameter selectors: 802.1q VLAN ID (IPMI 2.0, LAN Configuration Parameters), and the controller maker's
+static constexpr uint8_t vlan_id_selector = 0x14, shared_port_selector = 0xC5, nic_mode_selector = 0xD7;
+
+static ipmi_request get_nic_port_count_request() { return ipmi_request(netfn_oem, 0x16).oem(); }
+
+static ipmi_request set_sideband_port(uint8_t index)
+{
+    return ipmi_request(netfn_oem, 0x93).oem().u8(0x05).u8(0x0D).u8(0x00).u8(0x00).u8(0x01).u8(index);
+}
+
+/// The number of ports of the host's network card that can carry the controller's traffic, 0 without such a card; -1 =
+/// cannot be asked.
+static int get_nic_port_count()
+{
+    ipmi_rsp answer;
+    const ipmi_outcome got = exchange(get_nic_port_count_request(), answer);
+    if (!got.ok()) {
+        g_error_code = got.error_code(oem_selector);
+        return -1;
+    }
+    return ipmi_reader(got.data).skip(3).u8();  // behind the enterprise number
+}
+
+static constexpr char no_card[] = "The NIC is not installed in the host!";
+
+// Mode --------------------------------------------------------------------------------------------------------------
+
+struct nic_mode {
+    const char *word;  // as typed
+    uint8_t code;
+    const char *name;
+};
+static constexpr nic_mode dedicated = {"1", 1, "Dedicated"};
+static constexpr nic_mode nic_modes[] = {dedicated, {"2", 2, "Shared"}, {"3", 3, "Adaptive"}};
+
+static const nic_mode *find_mode(const char *word)
+{
+    for (const nic_mode &mode : nic_modes)
+        if (strcmp(mode.word, word) == 0)
+            return &mode;
+    return nullptr;
+}
+
+int eth0_mode(uint8_t level, uint8_t argc, char **argv, const char *target)
+{
+    static constexpr uint8_t state_not_supported = 0x81;
+    if (!check_privilege(level, argc, argv, target))
+        return 0;
+    const nic_mode *mode = values_given(argc, argv, 1) ? find_mode(argv[1]) : nullptr;
+    if (mode == nullptr)
+        return refuse("Usage: cfgtool -t eth0 -d mode -v <option>\r\n"
+                      "Options are:\r\n"
+                      "    1    Dedicated \r\n"
+                      "    2    Shared \r\n"
+                      "    3    Adaptive ");
+    if (mode->code != dedicated.code && get_nic_port_count() <= 0)
+        return refuse(no_card);
+
+    lan_bracket bracket;
+    if (!bracket.opened())
+        return refuse("Set eth0 state failed, error code: 0x%X", g_error_code);  // Kept: "state"
+    ipmi_rsp answer;
+    const ipmi_outcome got = exchange(set_oem_lan_parameter(lan_channel, nic_mode_selector).u8(mode->code), answer);
+    if (got.refused_with(state_not_supported))
+        return refuse("Curret state is not supported, please wait!");  // Kept: spelled so
+    if (!got.ok())
+        return refuse("Set eth0 mode failed, error code: 0x%X", got.error_code(nic_mode_selector));
+    bracket.close();
+    say("Set eth0 mode %s success.", mode->name);
+    log_change("Network", "Set Eth mode:%s success,EvtCode:0x21200D00", mode->name);
+    return 1;
+}
+
+// Sideband port -----------------------------------------------------------------------------------------------------
+
+/// The index of "port1" to "port4", the last two only on a board with exactly four MAC addresses; -1 = none of them.
+static int sideband_index(const char *word)
+{
+    static constexpr const char *ports[] = {"port1", "port2", "port3", "port4"};
+    const int known = board.mac_count == 4 ? 4 : 2;
+    for (int index = 0; index < known; ++index)
+        if (strcmp(ports[index], word) == 0)
+            return index;
+    return -1;
+}
+
+int eth0_sideband(uint8_t level, uint8_t argc, char **argv, const char *target)
+{
+    if (!check_privilege(level, argc, argv, target))
+        return 0;
+    const int index = values_given(argc, argv, 1) ? sideband_index(argv[1]) : -1;
+    if (index < 0)
+        return refuse("Usage: cfgtool -t eth0 -d sideband -v <port1-port%d> ", board.mac_count);
+    if (get_nic_port_count() <= index)
+        return refuse(no_card);
+
+    ipmi_rsp answer;
+    const ipmi_outcome got = exchange(set_sideband_port(uint8_t(index)), answer);
+    if (!got.ok())  // Kept: never g_error_code
+        return refuse("Set sideband enable port failed, error code: 0x%X", got.composite_code());
+    say("Set sideband enable port success!");
+    log_change("Network", "Set shared Eth destination port(%s) success,EvtCode:0x212006E0", argv[1]);
+    return 1;
+}
+
+// VLAN --------------------------------------------------------------------------------------------------------------
+
+int eth0_vlan(uint8_t level, uint8_t argc, char **argv, const char *target)
+{
+    static constexpr char failure[] = "Set eth0 vlan failed, error code: 0x%X";
+    static constexpr uint16_t enabled = 0x8000;
+    if (!check_privilege(level, argc, argv, target))
+        return 0;
+    if (!values_given(argc, argv, 1))
+        return refuse("Usage: cfgtool -t eth0 -d vlan -v <off|<id>>");
+    const bool off = strcmp(argv[1], "off") == 0;
+    const uint32_t id = off ? 0 : parse_unsigned(argv[1]);
+    if (!off && (id < 1 || id > 4094))
+        return refuse("vlan id must be between 1 and 4094.");
+
+    lan_bracket bracket;
+    if (!bracket.opened())
+        return refuse(failure, g_error_code);
+    ipmi_rsp answer;
+    const auto value = uint16_t(off ? 0 : id | enabled);
+    if (!exchange(set_lan_parameter(lan_channel, vlan_id_selector).u16le(value), answer).ok())
+        return refuse(failure, g_error_code);  // Kept: also for a refusal, which does not set it
+    bracket.close();
+    say("Set eth0 vlan success.");
+    log_change("Network", "%s Eth Vlan ID(%d) success,EvtCode:0x21200CB0", off ? "Disable" : "Enable", int(id));
+    return 1;
+}
+
+// Shared port -------------------------------------------------------------------------------------------------------
+
+static constexpr char eth1_state_failure[] = "Set eth1 state failed, error code: 0x%X";
+
+/// What follows when the shared port was enabled. True = done.
+static bool reset_sideband_port()
+{
+    static constexpr uint8_t no_port_named = 0xFF, parameter_out_of_range = 0xC9;
+    ipmi_rsp answer;
+    const ipmi_outcome got = exchange(set_sideband_port(no_port_named), answer);
+    if (got.refused_with(parameter_out_of_range))
+        say("Eth1 can not been enabled or disabled!");
+    else if (!got.ok())
+        say(eth1_state_failure, got.error_code(oem_selector));
+    return got.ok();
+}
+
+int eth1_state(uint8_t level, uint8_t argc, char **argv, const char *target)
+{
+    static constexpr uint8_t last_enabled_port = 0x80;
+    if (!check_privilege(level, argc, argv, target))
+        return 0;
+    const bool enable = values_given(argc, argv, 1) && strcmp(argv[1], "enabled") == 0;
+    if (!enable && !(values_given(argc, argv, 1) && strcmp(argv[1], "disabled") == 0))
+        return refuse("Usage: cfgtool -t eth1 -d state -v <enabled|disabled>");
+
+    lan_bracket bracket;
+    if (!bracket.opened())
+        return refuse(eth1_state_failure, g_error_code);
+    ipmi_rsp answer;
+    const ipmi_outcome got =
+        exchange(set_oem_lan_parameter(shared_lan_channel, shared_port_selector).u8(enable), answer);
+    if (got.refused_with(last_enabled_port))
+        return refuse("Make sure one network port enabled at least!");
+    if (!got.ok())
+        return refuse(eth1_state_failure, got.error_code(shared_port_selector));
+    if (enable && !reset_sideband_port())  // the state stays as it was set
+        return 0;
+    bracket.close();
+    say("Set eth1 state success.");
+    log_change("Network", "%s shared Eth success,EvtCode:0x212006D0", enable ? "Enable" : "Disable");
+    return 1;
+}

@@ -1,0 +1,360 @@
+#include "sel/csv.h"
+
+#include "ipmi/code_text.h"
+#include "ipmi/sdr.h"
+#include "ipmi/transport.h"
+#include "platform/platform.h"
+#include "system/files.h"
+#include "ui/console.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <ctime>
+#include <fcntl.h>
+#include <unistd.h>
+
+static constexpr size_t record_size = 16, block_records = 4096;
+
+// A record ----------------------------------------------------------------------------------------------------------
+
+struct sel_record {
+    const uint8_t *byte;
+
+    static constexpr uint8_t first_oem_type = 0xC0, first_untimed_type = 0xE0;
+
+    uint8_t type() const { return byte[2]; }
+    uint32_t time_stamp() const
+    {
+        return uint32_t(byte[3]) | uint32_t(byte[4]) << 8 | uint32_t(byte[5]) << 16 | uint32_t(byte[6]) << 24;
+    }
+    uint8_t sensor_type() const { return byte[10]; }
+    uint8_t sensor_number() const { return byte[11]; }
+    bool deasserted() const { return (byte[12] & 0x80) != 0; }
+};
+
+// The table ---------------------------------------------------------------------------------------------------------
+
+/// Collects what is written and hands it on in large pieces.
+class csv_file
+{
+public:
+    explicit csv_file(const char *path)
+        : file(open_file(path, O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0666))
+    {
+    }
+    ~csv_file()
+    {
+        if (file >= 0)
+            close(file);
+    }
+    csv_file(const csv_file &) = delete;
+    csv_file &operator=(const csv_file &) = delete;
+
+    bool opened() const { return file >= 0; }
+    /// False once something could not be written.
+    bool good() const { return !failed; }
+
+    void put(char c)
+    {
+        if (used == sizeof buffer)
+            flush();
+        buffer[used++] = c;
+    }
+    void put(const char *text, size_t count)
+    {
+        while (count > 0) {
+            if (used == sizeof buffer)
+                flush();
+            const size_t part = std::min(count, sizeof buffer - used);
+            memcpy(buffer + used, text, part);
+            used += part;
+            text += part;
+            count -= part;
+        }
+    }
+    void put(const char *text) { put(text, strlen(text)); }
+
+    void flush()
+    {
+        for (size_t done = 0; done < used && !failed;) {
+            const ssize_t written = write(file, buffer + done, used - done);
+            if (written > 0)
+                done += size_t(written);
+            else if (written == 0 || errno != EINTR)
+                failed = true;
+        }
+        used = 0;
+    }
+
+private:
+    static char buffer[65536];  // one table is written at a time
+    const int file;
+    size_t used = 0;
+    bool failed = false;
+};
+char csv_file::buffer[65536];
+
+// Columns -----------------------------------------------------------------------------------------------------------
+
+static void put_number(csv_file &csv, unsigned long number)
+{
+    char digits[20], *first = digits + sizeof digits;
+    do
+        *--first = char('0' + number % 10);
+    while ((number /= 10) != 0);
+    csv.put(first, size_t(digits + sizeof digits - first));
+}
+
+static void set_two_digits(char *place, unsigned value)
+{
+    place[0] = char('0' + value / 10);
+    place[1] = char('0' + value % 10);
+}
+
+static const char *severity_text(unsigned severity)
+{
+    static constexpr value_text severities[] = {{0, "Ok"}, {1, "Minor"}, {2, "Major"}, {3, "Critical"}, {}};
+    return severity < 255 ? val_to_str(severity, severities) : "unknown";
+}
+
+/// The seconds for which one date and one offset from UTC hold, and that date with the time looked for last.
+struct local_day {
+    int64_t first = 1, end = 0;  // holds for none yet
+    int64_t midnight = 0;
+    char text[sizeof "YYYY-MM-DD  HH:MM:SS"] = "";
+
+    bool holds(int64_t seconds) const { return first <= seconds && seconds < end; }
+};
+
+static tm local_time(int64_t seconds)
+{
+    const auto time = time_t(seconds);
+    tm broken_down{};
+    localtime_r(&time, &broken_down);
+    return broken_down;
+}
+
+/// Most records share their day with the one before, so the conversion is done once a day, and once a second on a day
+/// on which the clock changes.
+static void look_up(int64_t seconds, local_day &day)
+{
+    static constexpr int64_t seconds_per_day = 86400;
+    const tm now = local_time(seconds);
+    const int64_t utc_day = seconds / seconds_per_day * seconds_per_day;
+    const bool clock_changes = local_time(utc_day).tm_gmtoff != local_time(utc_day + seconds_per_day - 1).tm_gmtoff;
+    day.midnight = seconds - (now.tm_hour * 3600 + now.tm_min * 60 + now.tm_sec);
+    day.first = clock_changes ? seconds : std::max(day.midnight, utc_day);
+    day.end = clock_changes ? seconds + 1 : std::min(day.midnight, utc_day) + seconds_per_day;
+    strftime(day.text, sizeof day.text, "%F  %H:%M:%S", &now);
+}
+
+/// Date and time, two blanks between them; nothing for a record that has no time stamp.
+static void put_time(csv_file &csv, const sel_record &record, int32_t offset_s, local_day &day)
+{
+    static constexpr uint32_t last_before_init = 0x1FFFFFFF;
+    if (record.type() >= sel_record::first_untimed_type)
+        return;
+    if (record.time_stamp() <= last_before_init) {
+        csv.put("Pre-Init Time-stamp");
+        return;
+    }
+    const int64_t seconds = int64_t(record.time_stamp()) + offset_s;
+    if (!day.holds(seconds))
+        look_up(seconds, day);
+    const auto of_day = unsigned(seconds - day.midnight);
+    char *const time = day.text + sizeof "YYYY-MM-DD  " - 1;
+    set_two_digits(time, of_day / 3600);
+    set_two_digits(time + 3, of_day / 60 % 60);
+    set_two_digits(time + 6, of_day % 60);
+    csv.put(day.text, sizeof day.text - 1);
+}
+
+/// What stands for a sensor, made once for each that occurs.
+struct sensor_column {
+    bool made;
+    uint8_t type;
+    char text[96];
+};
+
+static void make_sensor_column(sensor_column &column, uint8_t number, uint8_t type)
+{
+    column.made = true;
+    column.type = type;
+    const sdr_record *found = sdr_find_by_number(number, type);
+    if (found == nullptr) {
+        snprintf(column.text, sizeof column.text, "%s", get_sensor_type_name(type));
+        return;
+    }
+    char name[32];
+    found->id_string(name);
+    if (strcmp(name, "Mngmnt Health") == 0 || strcmp(name, "OEM_MngHealth") == 0)
+        snprintf(column.text, sizeof column.text, "%s #%02x", name, number);
+    else
+        snprintf(column.text, sizeof column.text, "%s (%s)", get_sensor_type_name(type), name);
+}
+
+static void put_sensor(csv_file &csv, const sel_record &record)
+{
+    static sensor_column columns[256];  // by sensor number
+    if (record.type() >= sel_record::first_untimed_type)
+        return;
+    if (record.type() >= sel_record::first_oem_type) {
+        char manufacturer[sizeof "000000"];
+        snprintf(manufacturer, sizeof manufacturer, "%02x%02x%02x", record.byte[7], record.byte[8], record.byte[9]);
+        csv.put(manufacturer);
+        return;
+    }
+    sensor_column &column = columns[record.sensor_number()];
+    if (!column.made || column.type != record.sensor_type())
+        make_sensor_column(column, record.sensor_number(), record.sensor_type());
+    csv.put(column.text);
+}
+
+/// A comma would begin the next column.
+static void put_description(csv_file &csv, const char *description)
+{
+    if (description == nullptr)
+        return;
+    for (;; ++description) {
+        const size_t part = strcspn(description, ",");
+        csv.put(description, part);
+        description += part;
+        if (*description == '\0')
+            return;
+        csv.put('.');
+    }
+}
+
+static void put_event_code(csv_file &csv, unsigned long code)
+{
+    static constexpr char digits[] = "0123456789ABCDEF";
+    char text[8];
+    for (char &digit : text) {
+        digit = digits[code >> 28 & 0x0F];
+        code <<= 4;
+    }
+    csv.put(text, sizeof text);
+}
+
+/// What lasts from one line to the next.
+struct conversion {
+    int32_t offset_s;  // of the controller's time from UTC
+    local_day utc, local;
+};
+
+static void put_line(csv_file &csv, unsigned long id, const sel_record &record, conversion &state)
+{
+    unsigned severity = 0;
+    const char *description = nullptr;
+    event_parse(record.byte, &severity, &description);
+    put_number(csv, id);
+    csv.put(',');
+    csv.put(severity_text(severity));
+    csv.put(',');
+    put_time(csv, record, 0, state.utc);
+    csv.put(',');
+    put_time(csv, record, state.offset_s, state.local);
+    csv.put(',');
+    put_sensor(csv, record);
+    csv.put(',');
+    put_description(csv, description);
+    csv.put(',');
+    put_event_code(csv, event_get_code(record.byte));
+    csv.put(record.deasserted() ? ",Deasserted\r\n" : ",Asserted\r\n");
+}
+
+// The file ----------------------------------------------------------------------------------------------------------
+
+/// The controller's time offset from UTC; 0 when it does not tell.
+static int32_t sel_time_offset_s()
+{
+    ipmi_rsp answer;
+    const ipmi_outcome got = exchange(ipmi_request(netfn_storage, 0x5C), answer);
+    return got.ok() ? int16_t(ipmi_reader(got.data).u16le()) * 60 : 0;
+}
+
+/// The records of a SEL file from the last to the first, read many at a time.
+class sel_file
+{
+public:
+    explicit sel_file(const char *sel_path)
+        : path(sel_path), left(get_file_length(sel_path) / long(record_size)), file(open_regular(sel_path))
+    {
+    }
+    ~sel_file()
+    {
+        if (file >= 0)
+            close(file);
+    }
+    sel_file(const sel_file &) = delete;
+    sel_file &operator=(const sel_file &) = delete;
+
+    bool opened() const { return file >= 0; }
+    long count() const { return left; }
+
+    /// False at the end, or told why it cannot be read.
+    bool previous(sel_record &record, const char *csv_path)
+    {
+        if (left == 0 || (in_block == 0 && !fill(csv_path)))
+            return false;
+        --in_block;
+        --left;
+        record.byte = block + in_block * record_size;
+        return true;
+    }
+
+private:
+    /// Where a block cannot be read, the records of it that can still be are read one by one.
+    bool fill(const char *csv_path)
+    {
+        for (;; most_at_once = 1) {
+            in_block = std::min(size_t(left), most_at_once);
+            if (lseek(file, off_t(left - long(in_block)) * off_t(record_size), SEEK_SET) < 0) {
+                say("%s: fseek %s failed", "sel_bin2txt", csv_path);
+                return false;
+            }
+            const size_t got = read_up_to(file, block, in_block * record_size);
+            if (got == in_block * record_size)
+                return true;
+            if (in_block == 1) {
+                say("%s: fread %s failed, len=%d ", "sel_bin2txt", path, int(got));
+                return false;
+            }
+        }
+    }
+
+    static uint8_t block[block_records * record_size];  // one file is read at a time
+    const char *const path;
+    long left;
+    const int file;
+    size_t in_block = 0, most_at_once = block_records;
+};
+uint8_t sel_file::block[block_records * record_size];
+
+int sel_bin2txt(const char *sel_path, const char *csv_path)
+{
+    static constexpr char open_failure[] = "%s: fopen %s failed";
+    static constexpr unsigned long lines_per_pause = 100;
+    sel_file sel(sel_path);
+    if (!sel.opened())
+        return refuse(open_failure, "sel_bin2txt", sel_path);
+    csv_file csv(csv_path);
+    if (!csv.opened())
+        return refuse(open_failure, "sel_bin2txt", csv_path);
+
+    conversion state{sel_time_offset_s(), {}, {}};
+    csv.put("ID,Severity,Generation Time(UTC),Generation Time(LOCAL),Sensor,Event Description,Event Code,Status\r\n");
+    unsigned long lines = 0;
+    sel_record record;
+    for (auto id = static_cast<unsigned long>(sel.count()); sel.previous(record, csv_path) && csv.good(); --id) {
+        put_line(csv, id, record, state);
+        if (++lines % lines_per_pause == 0)
+            vos_task_delay(20);
+    }
+    csv.flush();
+    if (!csv.good())  // A table cut short, as by a full disk, must not pass for a whole one.
+        return refuse("%s: fwrite %s failed", "sel_bin2txt", csv_path);
+    return 1;
+}

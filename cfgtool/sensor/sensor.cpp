@@ -1,0 +1,197 @@
+#include "sensor/sensor.h"
+
+#include "ipmi/privilege.h"
+#include "ipmi/sdr.h"
+#include "ipmi/transport.h"
+#include "oplog/oplog.h"
+#include "sensor/conversion.h"
+#include "ui/arguments.h"
+#include "ui/console.h"
+
+#include <cstdlib>
+#include <cstring>
+
+static constexpr uint32_t error_not_full_record = 0x40000008, error_not_a_number = 0x40000009;
+
+static bool fail(uint32_t reason)
+{
+    g_error_code = reason;
+    return false;
+}
+
+/// Sends a request that is only to succeed. False = it did not, and g_error_code says why.
+static bool send(const ipmi_request &request)
+{
+    ipmi_rsp answer;
+    const ipmi_outcome got = exchange(request, answer);
+    return got.ok() || fail(got.error_code());
+}
+
+/// A full sensor record by name; null = none, and g_error_code says why.
+static const sdr_record *find_full_record(const char *name)
+{
+    const sdr_record *record = sdr_find_by_name(name);
+    if (record == nullptr || record->type == sdr_full)
+        return record;
+    g_error_code = error_not_full_record;
+    return nullptr;
+}
+
+// Thresholds --------------------------------------------------------------------------------------------------------
+
+static ipmi_request set_sensor_thresholds(uint8_t sensor, uint8_t slot, uint8_t raw)
+{
+    ipmi_request request(netfn_sensor_event, 0x26);
+    request.u8(sensor).u8(uint8_t(1 << slot));
+    for (uint8_t n = 0; n < 6; ++n)
+        request.u8(n == slot ? raw : uint8_t(0));
+    return request;
+}
+
+static bool change_threshold(const threshold &which, const char *name, double value)
+{
+    const sdr_record *record = find_full_record(name);
+    if (record == nullptr)
+        return false;
+    char id_string[32];
+    record->id_string(id_string);
+    sdr_diagnose("Setting sensor \"%s\" %s threshold to %.3f", id_string, which.name, value);
+    const double raw = sensor_real_to_raw(*record, value);
+    return raw_in_range(*record, raw) &&
+           send(set_sensor_thresholds(record->sensor_number(), which.slot, raw_byte(raw)));
+}
+
+int set_threshold(const threshold &which, uint8_t level, uint8_t argc, char **argv, const char *target)
+{
+    if (!check_privilege(level, argc, argv, target))
+        return 0;
+    if (!values_given(argc, argv, 2))
+        return refuse("Usage: cfgtool -t sensor -d %s -v <sensorname>  <%sval>", which.dataitem, which.dataitem);
+    const double value = atof(argv[2]);  // Kept: what is no number counts as 0
+    if (!change_threshold(which, argv[1], value))
+        return refuse("Set sensor %s failed, error code: 0x%X", which.words, g_error_code);
+    say("Set sensor %s successfully.", which.words);
+    log_change("Sensor", "Set sensor(%s) %s threshold(%.3f) success,EvtCode:0x%08X", argv[1], which.log_words, value,
+               which.event);
+    return 1;
+}
+
+// Hysteresis --------------------------------------------------------------------------------------------------------
+
+struct hysteresis_kind {
+    int type;              // in diagnostics
+    const char *dataitem;  // as typed
+    const char *word;
+    uint32_t event;
+};
+static constexpr hysteresis_kind positive = {1, "positivehysteresis", "positive", 0x20600260};
+static constexpr hysteresis_kind negative = {2, "negativehysteresis", "negative", 0x20600250};
+
+static constexpr uint8_t hysteresis_mask = 0xFF;  // IPMI 2.0, Set Sensor Hysteresis: reserved, always so
+
+static ipmi_request get_sensor_hysteresis(uint8_t sensor)
+{
+    return ipmi_request(netfn_sensor_event, 0x25).u8(sensor).u8(hysteresis_mask);
+}
+
+static ipmi_request set_sensor_hysteresis(uint8_t sensor, uint8_t positive_going, uint8_t negative_going)
+{
+    return ipmi_request(netfn_sensor_event, 0x24).u8(sensor).u8(hysteresis_mask).u8(positive_going).u8(negative_going);
+}
+
+/// Changes one of the two counts and leaves the other as it is.
+static bool change_hysteresis(const hysteresis_kind &kind, const char *name, uint8_t count)
+{
+    sdr_diagnose("type = %d, name = %s, value = %d.", kind.type, name, count);
+    const sdr_record *record = find_full_record(name);
+    if (record == nullptr)
+        return false;
+    ipmi_rsp answer;
+    const ipmi_outcome got = exchange(get_sensor_hysteresis(record->sensor_number()), answer);
+    if (!got.ok())
+        return fail(got.error_code());
+    ipmi_reader counts(got.data);
+    const uint8_t positive_going = counts.u8(), negative_going = counts.u8();
+    const bool is_positive = kind.type == positive.type;
+    return send(set_sensor_hysteresis(record->sensor_number(), is_positive ? count : positive_going,
+                                      is_positive ? negative_going : count));
+}
+
+static int set_hysteresis(const hysteresis_kind &kind, uint8_t level, uint8_t argc, char **argv, const char *target)
+{
+    if (!check_privilege(level, argc, argv, target))
+        return 0;
+    if (!values_given(argc, argv, 2))
+        return refuse("Usage: cfgtool -t sensor -d %s -v <sensorname>  <%sval>", kind.dataitem, kind.dataitem);
+    const int32_t count = parse_number(argv[2]);
+    if (count < 0 || count > UINT8_MAX)
+        return refuse("Input parameter out of range.");
+    if (!change_hysteresis(kind, argv[1], uint8_t(count)))
+        return refuse("Set sensor %s hysteresis failed, error code: 0x%X", kind.word, g_error_code);
+    say("Set sensor %s hysteresis successfully.", kind.word);
+    log_change("Sensor", "Set sensor(%s) %s hysteresis(%d) success,EvtCode:0x%08X", argv[1], kind.word, count,
+               kind.event);
+    return 1;
+}
+
+int negativehysteresis(uint8_t level, uint8_t argc, char **argv, const char *target)
+{
+    return set_hysteresis(negative, level, argc, argv, target);
+}
+
+int positivehysteresis(uint8_t level, uint8_t argc, char **argv, const char *target)
+{
+    return set_hysteresis(positive, level, argc, argv, target);
+}
+
+// Test --------------------------------------------------------------------------------------------------------------
+
+static ipmi_request sensor_test_request(uint8_t sensor, bool start)
+{
+    return ipmi_request(netfn_oem, 0x91).oem().u8(0x0C).u8(sensor).u8(start);
+}
+
+static bool stop_test(const sdr_record &record)
+{
+    return send(sensor_test_request(record.sensor_number(), false).u8(0x00));
+}
+
+/// A full record takes the value in its units, any other a raw count of 16 bits.
+static bool start_test(const sdr_record &record, const char *value_text)
+{
+    char *end;
+    const double value = strtod(value_text, &end);
+    if (*end != '\0')
+        return fail(error_not_a_number);
+    ipmi_request request = sensor_test_request(record.sensor_number(), true);
+    if (record.type == sdr_full) {
+        const double raw = sensor_real_to_raw(record, value);
+        return raw_in_range(record, raw) && send(request.u8(raw_byte(raw)));
+    }
+    if (value > 65535.0)
+        return fail(error_raw_range);
+    return send(request.u16le(value > 0 ? uint16_t(value) : uint16_t(0)));  // a negative value has no unsigned integer
+}
+
+static bool change_test(const char *name, const char *value_text)
+{
+    const sdr_record *record = sdr_find_by_name(name);
+    if (record == nullptr)
+        return false;
+    return strcmp(value_text, "stop") == 0 ? stop_test(*record) : start_test(*record, value_text);
+}
+
+int sensor_test(uint8_t level, uint8_t argc, char **argv, const char *target)
+{
+    if (!check_privilege(level, argc, argv, target))
+        return 0;
+    if (!values_given(argc, argv, 2))
+        return refuse("Usage: cfgtool -t sensor -d test -v <sensorname> <value> \r\n"
+                      "value:  value      start test and set the current value\r\n"
+                      "        stop       stop test");
+    if (!change_test(argv[1], argv[2]))
+        return refuse("Sensor test failed, error code: 0x%X", g_error_code);
+    say("Sensor test successfully.");
+    log_change("Sensor", "Set sensor(%s) test value(%s) success,EvtCode:0x206002E0", argv[1], argv[2]);
+    return 1;
+}

@@ -1,0 +1,140 @@
+#include "ipmcd/controller.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <exception>
+#include <stdexcept>
+
+namespace ipmcd
+{
+
+static bool starts_with(std::span<const uint8_t> data, std::span<const uint8_t> lead)
+{
+    return data.size() >= lead.size() && std::equal(lead.begin(), lead.end(), data.begin());
+}
+
+controller::controller(scheduler &timers, std::span<const family_maker> makers, board_description described)
+    : clock(timers), restarting(timers.make_timer([this] { restart(); })), board(std::move(described))
+{
+    for (const family_maker make : makers) {
+        members.push_back(make(*this));
+        for (const command &row : members.back()->commands())
+            entries.push_back({members.back().get(), &row});
+    }
+}
+
+/// Of rows that fit, the one with the longest leading bytes.
+const controller::entry *controller::find(uint8_t netfn, uint8_t command, std::span<const uint8_t> data) const
+{
+    const entry *best = nullptr;
+    for (const entry &candidate : entries) {
+        const ipmcd::command &row = *candidate.row;
+        if (row.netfn == netfn && row.number == command && starts_with(data, row.lead) &&
+            (!best || row.lead.size() > best->row->lead.size()))
+            best = &candidate;
+    }
+    return best;
+}
+
+/// Why no row fits. The number of a maker or of a sub-function is a data field like any other: one that nobody here
+/// knows is an invalid field; "invalid command" stays for command numbers that this controller does not have at all.
+completion controller::refusal(uint8_t netfn, uint8_t command, std::span<const uint8_t> data) const
+{
+    completion why = completion::invalid_command;
+    for (const auto &[owner, row] : entries) {
+        if (row->netfn != netfn || row->number != command)
+            continue;
+        if (starts_with(row->lead, data))
+            return completion::length_invalid;  // ends inside the leading bytes
+        why = completion::invalid_field;
+    }
+    return why;
+}
+
+completion controller::execute(uint8_t netfn, uint8_t lun, uint8_t command, std::span<const uint8_t> data,
+                               byte_writer &answer)
+{
+    const entry *found = find(netfn, command, data);
+    if (!found)
+        return refusal(netfn, command, data);
+    if (lun != 0)
+        return completion::invalid_for_lun;
+    const ipmcd::command &row = *found->row;
+    byte_reader request(data.subspan(row.lead.size()));
+    if (request.left() < row.length.smallest || request.left() > row.length.largest)
+        return completion::length_invalid;
+    try {
+        const completion code = row.run(*found->owner, request, answer);
+        return answer.overflown() ? completion::no_response_possible : code;
+    } catch (const std::exception &problem) {
+        fprintf(stderr, "ipmcd: %s: %s\n", row.name, problem.what());
+        return completion::unspecified;
+    }
+}
+
+const command *controller::row_of(uint8_t netfn, uint8_t command, std::span<const uint8_t> data) const
+{
+    const entry *found = find(netfn, command, data);
+    return found ? found->row : nullptr;
+}
+
+json controller::to_json() const
+{
+    json state = json::object();
+    for (const auto &member : members)
+        state[member->name()] = member->to_json();
+    return state;
+}
+
+json controller::shown() const
+{
+    json state = json::object();
+    for (const auto &member : members)
+        state[member->name()] = member->shown();
+    return state;
+}
+
+std::optional<json> controller::details(std::string_view kind, std::string_view name) const
+{
+    for (const auto &member : members)
+        if (auto found = member->details(kind, name))
+            return found;
+    return std::nullopt;
+}
+
+void controller::from_json(const json &state)
+{
+    json_fields fields(state, "");
+    for (const auto &member : members)
+        if (const json *part = fields.find(member->name()))
+            member->from_json(*part);
+    fields.done();
+}
+
+void controller::reset()
+{
+    for (const auto &member : members)
+        member->reset();
+}
+
+void controller::restart()
+{
+    for (const auto &member : members)
+        member->restart();
+}
+
+void controller::cancel_reservations()
+{
+    for (const auto &member : members)
+        member->cancel_reservations();
+}
+
+family &controller::member(std::string_view name)
+{
+    for (const auto &member : members)
+        if (member->name() == name)
+            return *member;
+    throw std::out_of_range("no family " + std::string(name));
+}
+
+}  // namespace ipmcd

@@ -1,0 +1,83 @@
+/// The whole simulated controller: all families, and the way from a request to its handler.
+#pragma once
+
+#include "ipmcd/families.h"
+#include "ipmcd/scheduler.h"
+#include "ipmcd/sensors/board_file.h"
+
+#include <any>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <optional>
+#include <span>
+#include <typeindex>
+#include <vector>
+
+namespace ipmcd
+{
+
+class controller
+{
+public:
+    explicit controller(scheduler &timers, std::span<const family_maker> makers = all_families(),
+                        board_description described = default_board());
+    controller(const controller &) = delete;  // its families keep references to it
+    controller &operator=(const controller &) = delete;
+
+    /// Carries one request out. Anything but completion::ok comes without answer data.
+    completion execute(uint8_t netfn, uint8_t lun, uint8_t command, std::span<const uint8_t> data, byte_writer &answer);
+    /// The row that a request belongs to, or null.
+    const command *row_of(uint8_t netfn, uint8_t command, std::span<const uint8_t> data) const;
+
+    scheduler &timers() { return clock; }
+    /// The board that it sits on.
+    const board_description &description() const { return board; }
+    /// The family of that name. Throws std::out_of_range when there is none.
+    family &member(std::string_view name);
+    /// What several families have in common, a copyable struct: the one object of its kind, made for the first who
+    /// asks.
+    template <typename thing>
+    thing &shared()
+    {
+        std::any &place = commons[typeid(thing)];
+        return place.has_value() ? std::any_cast<thing &>(place) : place.emplace<thing>();
+    }
+
+    /// The folder in which files of the controller's disk lie, /tmp as "tmp". None: it has no disk.
+    const std::optional<std::filesystem::path> &disk() const { return disk_folder; }
+    void use_disk(std::filesystem::path folder) { disk_folder = std::move(folder); }
+
+    json to_json() const;
+    /// The same without its secrets.
+    json shown() const;
+    /// What a family tells of one of its things. None: no family has things of this kind. Throws std::out_of_range when
+    /// none of them has this name.
+    std::optional<json> details(std::string_view kind, std::string_view name) const;
+    /// Takes over the families that `state` names and leaves the others. Throws bad_state at the first that is wrong.
+    void from_json(const json &state);
+    void reset();
+    /// A cold reset: settings stay, what lives only as long as the controller runs starts anew.
+    void restart();
+    /// The same, once the answer to the request at hand is out.
+    void restart_soon() { restarting->start(std::chrono::milliseconds(0)); }
+    void cancel_reservations();
+
+private:
+    struct entry {
+        family *owner;
+        const command *row;
+    };
+    const entry *find(uint8_t netfn, uint8_t command, std::span<const uint8_t> data) const;
+    completion refusal(uint8_t netfn, uint8_t command, std::span<const uint8_t> data) const;
+
+    scheduler &clock;
+    std::unique_ptr<timer> restarting;
+    const board_description board;
+    std::optional<std::filesystem::path> disk_folder;
+    std::map<std::type_index, std::any> commons;
+    std::vector<std::unique_ptr<family>> members;
+    std::vector<entry> entries;
+};
+
+}  // namespace ipmcd

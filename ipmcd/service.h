@@ -1,0 +1,46 @@
+/// The IPMI service without its socket: a datagram comes in, perhaps one goes out.
+#pragma once
+
+#include "ipmcd/controller.h"
+#include "ipmcd/faults.h"
+#include "ipmcd/trace.h"
+
+#include <chrono>
+#include <optional>
+#include <vector>
+
+namespace ipmcd
+{
+
+struct delivery {
+    std::vector<uint8_t> datagram;
+    std::chrono::milliseconds delay{0};
+};
+
+class service
+{
+public:
+    service(controller &behind, fault_list &ordered, trace &shown) : board(behind), faults(ordered), log(shown) {}
+
+    /// None: nothing is to be sent, because it was no request or because a fault wants silence.
+    std::optional<delivery> take(std::span<const uint8_t> datagram);
+    /// An answer could not be handed over: its client is gone, or takes nothing more.
+    void note_undelivered() { undelivered++; }
+    /// How many requests came, how many answers left, how many datagrams were no requests and why.
+    json counters() const;
+
+private:
+    answer_frame answer_to(const request_frame &request, const std::optional<fault> &ordered);
+
+    controller &board;
+    fault_list &faults;
+    trace &log;
+    uint64_t requests = 0;
+    uint64_t answers = 0;
+    uint64_t undelivered = 0;
+    uint64_t too_short = 0;
+    uint64_t bad_checksum = 0;
+    uint64_t not_a_request = 0;
+};
+
+}  // namespace ipmcd
