@@ -157,9 +157,9 @@ def play_attempt(transcript, request, ending, last, patient, netfn, command, seq
         if not last:
             transcript.expect_sleep(RETRY_PAUSE_US)
         return last
-    if match := re.fullmatch(r"length (\d+)", ending):
-        payload = answer_frame(netfn, command, b"\x00", sequence)
-        transcript.script.append(f"recv {match.group(1)} {payload.hex()}")
+    if match := re.fullmatch(r"(.*?) *length (\d+)", ending):
+        payload = answer_frame(netfn, command, hex_bytes(match.group(1) or "00"), sequence)
+        transcript.script.append(f"recv {match.group(2)} {payload.hex()}")
         return True
     cut = None
     if match := re.fullmatch(r"(.*) cut (\d+)", ending):

@@ -11,7 +11,7 @@ static constexpr int max_attempts = 5;
 static constexpr unsigned retry_delay_us = 50000;
 static constexpr unsigned max_payload = 1024;
 static constexpr unsigned payload_start = 32;  // of the response record
-static constexpr unsigned data_start = 39;
+static constexpr unsigned completion_code = 38, data_start = 39;
 
 static uint8_t next_sequence;  // counts all calls of both variants; the lower six bits go on the wire
 
@@ -123,11 +123,9 @@ static ipmi_outcome exchange_by(int (*transport)(const ipmi_msg *, ipmi_rsp *, u
     if (transport(&request.record, &response, request.length) != 1)
         return outcome;
 
-    const unsigned end = payload_start + payload_length(response);
-    if (end >= data_start)
-        outcome.completion = response.byte[data_start - 1];
+    outcome.completion = response.byte[completion_code];  // even where the length ends before it
     outcome.how = outcome.completion == 0 ? ipmi_outcome::end::answered : ipmi_outcome::end::refused;
-    if (end > data_start)
+    if (const unsigned end = payload_start + payload_length(response); end > data_start)
         outcome.data = std::span(response.byte).subspan(data_start, end - data_start);
     return outcome;
 }

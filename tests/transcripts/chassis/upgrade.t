@@ -250,6 +250,13 @@ do initiate
 |"Error code: 0x0000 \r\n"
 | Update fail.
 
+# A reason is one whatever the length, and what the length does not reach reads as zeros
+$ cfgtool -d upgrade
+do initiate
+> 30 91  D9 7E 00 06 00 < D5 D9 7E 00 05 02 06 A7 length 6
+|"Error code: 0x0000 \r\n"
+| Update fail.
+
 # It may fail in the middle
 $ cfgtool -d upgrade
 do initiate

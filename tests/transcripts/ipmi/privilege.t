@@ -171,6 +171,12 @@ $ cfgtool -d fanlevel -v 60
 > 06 44  01 02         < CC
 | Get User Access Command failed!
 
+# it is refused in an answer whose length ends before the completion code
+uid 502
+$ cfgtool -d fanlevel -v 60
+> 06 44  01 02         < CC 11 05 01 04 length 6
+| Get User Access Command failed!
+
 # an answer too short for a limit means none
 uid 502
 $ cfgtool -d fanlevel -v 60

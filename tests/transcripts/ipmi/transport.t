@@ -176,6 +176,27 @@ $ cfgtool -d fanmode -v 0
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0"
 
+# a refusal is one whatever the length: its code is read even where the length ends before it
+$ cfgtool -d fanmode -v 0
+> 30 91  D9 7E 00 01 00 < C1 length 6
+| Set fan mode failed, error code: 0x309100C1
+
+# a refusal is one with the shortest length too
+$ cfgtool -d fanmode -v 0
+> 30 91  D9 7E 00 01 00 < C1 length 1
+| Set fan mode failed, error code: 0x309100C1
+
+# the completion code of an answer to another request is not taken for a short answer's
+$ cfgtool -d fanmode -v 0
+send 00 C0 40 63 00 91 D9 7E 00 01 00 B4
+recv 8 63 C4 D9 00 04 91 C1 00
+sleep 50000
+send 00 C0 40 63 00 91 D9 7E 00 01 00 B4
+recv 6 63 C4 D9 00 00 91
+| Set fan mode successfully.
+| Current Mode:       Auto
+log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0"
+
 # the answer to an earlier attempt is as good as one to the last
 $ cfgtool -d fanmode -v 0
 > 30 91  D9 7E 00 01 00 < silent, silent, 00 D9 7E 00
@@ -210,14 +231,6 @@ send 00 18 E8 63 00 44 01 03 55                   # 55 = -(63+00+44+01+03)
 recv 11 63 1C 81 00 00 44 00 0A 05 01 04
 send 00 C0 40 63 04 91 D9 7E 00 01 00 B0          # B0 = -(63+04+91+D9+7E+00+01+00)
 recv 7 63 C4 D9 00 04 91 00
-| Set fan mode successfully.
-| Current Mode:       Auto
-log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0"
-
-# an answer that ends before the completion code has none: what stands behind its end is not read
-$ cfgtool -d fanmode -v 0
-send 00 C0 40 63 00 91 D9 7E 00 01 00 B4
-recv 6 63 C4 D9 00 00 91 C1
 | Set fan mode successfully.
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0"

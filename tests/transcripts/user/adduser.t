@@ -739,6 +739,17 @@ do rolled back
 do rules
 do failed
 
+# adduser: a password is refused even where the answer's length ends before the completion code
+$ cfgtool -d adduser -v carol
+do named
+do typed twice
+>> 06 47  84 02 FOXGLOVE  < 84 length 6
+secret "Foxglove 2"
+| Set user password failed, error code: 0x6470084
+do rolled back
+do rules
+do failed
+
 # adduser: the password is refused for another reason: told before the name goes
 $ cfgtool -d adduser -v carol
 do named

@@ -144,6 +144,17 @@ secret "Sesame-1"
 | Incorrect password.
 log 1 User "Delete user fail,EvtCode:0x111005A1"
 
+# deluser: a wrong password in an answer whose length ends before the completion code deletes nobody
+$ cfgtool -d deluser -v bob
+do users
+|"Input your password:"
+hidden "Sesame-1\r"
+|"\n"
+> 30 91  CHECK ADMIN SESAME  < 82 length 6
+secret "Sesame-1"
+| Incorrect password.
+log 1 User "Delete user fail,EvtCode:0x111005A1"
+
 # deluser: the users cannot be read again: not answered
 $ cfgtool -d deluser -v bob
 do proven
