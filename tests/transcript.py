@@ -94,6 +94,8 @@ class Transcript:
     script: list = dataclasses.field(default_factory=list)  # what the scripted platform is told
     stderr: bytes = b""
     changed: dict = dataclasses.field(default_factory=dict)  # path -> bytes, or None for gone
+    modes: dict = dataclasses.field(default_factory=dict)  # path -> mode, where it is given
+    umask: int = 0o022
     calls_shown: bool = False
     ending: int = 0  # the signal that ends the tool
     exchanges: int = 0
@@ -423,11 +425,16 @@ class Reader:
             transcript.screen = rest
             if rest == "file":
                 transcript.script.append("screen file")
+        elif verb == "umask":
+            transcript.umask = int(rest, 8)
         elif verb == "board":
             transcript.board = None if rest == "none" else self.value(rest)
         elif verb in ("file", "wrote"):
             path, value = split_path(rest)
             if verb == "wrote":
+                if match := re.match(r"([0-7]+) ", value):
+                    transcript.modes[path] = int(match[1], 8)
+                    value = value[match.end() :]
                 transcript.changed[path] = self.value(value)
             else:
                 kind, content = self.kind_and_value(value)
@@ -509,6 +516,7 @@ class Run:
     terminal_changed: bool = False
     late: bool = False
     shown: bytes = b""  # by the terminal, what it echoed included
+    modes: dict = dataclasses.field(default_factory=dict)  # path -> mode, of files whose mode is looked at
 
 
 def put_file(root, kind, path, content):
@@ -667,6 +675,7 @@ def open_screen(kind):
 
 def prepare_process(transcript):
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+    os.umask(transcript.umask)
     for number in transcript.closed:
         os.close(number)
 
@@ -741,11 +750,12 @@ def play(transcript, argv, tool, platform, emulator=""):
         events = parse_trace(trace.read())
     os.close(script_fd)
     after = files_below(root)
+    modes = {path: stat.S_IMODE(os.lstat(root + path).st_mode) for path in transcript.modes if path in after}
     shutil.rmtree(root)
     changed = {path: content for path, content in after.items() if before.get(path) != content}
     changed.update({path: None for path in before if path not in after})
     shown = terminal.shown if terminal else b""
-    return Run(events, process.returncode, complaints, changed, terminal_changed, late, shown)
+    return Run(events, process.returncode, complaints, changed, terminal_changed, late, shown, modes)
 
 
 # Comparing ------------------------------------------------------------------------------------------------------------
@@ -847,6 +857,8 @@ def faults_of(transcript, run):
             faults.append(f"file {path} was not changed")
         elif run.changed[path] != transcript.changed[path]:
             faults.append(f"file {path} holds {beginning(run.changed[path])}")
+        elif path in transcript.modes and run.modes[path] != transcript.modes[path]:
+            faults.append(f"file {path} has mode {run.modes[path]:o}")
     return faults
 
 

@@ -56,15 +56,22 @@ static bool write_whole(int file, std::span<const uint8_t> content)
     return true;
 }
 
+/// What open() would give a new file: the umask cannot be read without setting it.
+static mode_t mode_of_new_file()
+{
+    const mode_t mask = umask(0777);
+    umask(mask);
+    return 0666 & ~mask;
+}
+
 replaced replace_file(const char *path, std::span<const uint8_t> content)
 {
-    static constexpr mode_t readable_by_all = 0644;
     char beside[256];
     snprintf(beside, sizeof beside, "%s.XXXXXX", path);
     const int file = mkostemp(beside, O_CLOEXEC);
     if (file < 0)
         return replaced::not_opened;
-    const bool written = write_whole(file, content) && fchmod(file, readable_by_all) == 0;
+    const bool written = write_whole(file, content) && fchmod(file, mode_of_new_file()) == 0;
     const bool whole = close(file) == 0 && written;
     if (whole && rename(beside, path) == 0)
         return replaced::yes;

@@ -22,6 +22,6 @@ size_t read_up_to(int file, void *to, size_t size);
 /// How putting a new file in the place of a path ended.
 enum class replaced { yes, not_opened, not_written };
 
-/// Writes a file beside the path and puts it in its place when it is whole, so that a failure leaves what was there and
-/// a link is replaced, not followed.
+/// Writes a file beside the path and puts it in its place when it is whole, so that a failure leaves the old file and a
+/// link is replaced, not followed. The new file has mode 0666 less the umask, whatever the old one had.
 replaced replace_file(const char *path, std::span<const uint8_t> content);

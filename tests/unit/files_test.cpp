@@ -62,15 +62,20 @@ TEST_F(controller_file, reading_ends_where_it_fails)
     EXPECT_EQ(read_three(), "");
 }
 
-TEST_F(controller_file, a_new_one_is_readable_by_all)
+TEST_F(controller_file, a_new_one_has_what_the_umask_leaves)
 {
-    write("file", "old");
-    EXPECT_EQ(replace("new"), replaced::yes);
-    EXPECT_EQ(contents(path("file")), "new");
-    struct stat about;
-    ASSERT_EQ(stat(path("file").c_str(), &about), 0);
-    EXPECT_EQ(about.st_mode, mode_t(S_IFREG | 0644));
-    EXPECT_EQ(entries(folder), 1U);
+    for (const mode_t mask : {0022U, 0077U, 0026U, 0000U, 0777U}) {
+        write("file", "old");
+        const mode_t before = umask(mask);
+        EXPECT_EQ(replace("new"), replaced::yes);
+        EXPECT_EQ(umask(before), mask);
+        struct stat about;
+        ASSERT_EQ(stat(path("file").c_str(), &about), 0);
+        EXPECT_EQ(about.st_mode, mode_t(S_IFREG | (0666 & ~mask)));
+        ASSERT_EQ(chmod(path("file").c_str(), 0600), 0);
+        EXPECT_EQ(contents(path("file")), "new");
+        EXPECT_EQ(entries(folder), 1U);
+    }
 }
 
 TEST_F(controller_file, writing_goes_on_behind_a_signal)

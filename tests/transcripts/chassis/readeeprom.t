@@ -37,6 +37,43 @@ call i2c_write_read 2 160 0000 64 0 -> -1
 log 2 Zentro "Read eeprom to file /tmp/eeprom.bin success, EvtCode:0x20201480"
 wrote /tmp/eeprom.bin "{\x00*16384}"
 
+# The file is readable and writable by all but where the caller's umask forbids it
+umask 022
+$ cfgtool -t maintenance -d readeeprom
+|"."
+call i2c_write_read 2 160 0000 64 0 -> -1
+|"ret = -1, pos = 0\r\n\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
+log 2 Zentro "Read eeprom to file /tmp/eeprom.bin success, EvtCode:0x20201480"
+wrote /tmp/eeprom.bin 644 "{\x00*16384}"
+
+# A caller's umask may keep the file from everybody else
+umask 077
+$ cfgtool -t maintenance -d readeeprom
+|"."
+call i2c_write_read 2 160 0000 64 0 -> -1
+|"ret = -1, pos = 0\r\n\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
+log 2 Zentro "Read eeprom to file /tmp/eeprom.bin success, EvtCode:0x20201480"
+wrote /tmp/eeprom.bin 600 "{\x00*16384}"
+
+# Without a umask the file is everybody's
+umask 000
+$ cfgtool -t maintenance -d readeeprom
+|"."
+call i2c_write_read 2 160 0000 64 0 -> -1
+|"ret = -1, pos = 0\r\n\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
+log 2 Zentro "Read eeprom to file /tmp/eeprom.bin success, EvtCode:0x20201480"
+wrote /tmp/eeprom.bin 666 "{\x00*16384}"
+
+# A file that is replaced does not keep its mode
+umask 077
+file /tmp/eeprom.bin "of yesterday"
+$ cfgtool -t maintenance -d readeeprom
+|"."
+call i2c_write_read 2 160 0000 64 0 -> -1
+|"ret = -1, pos = 0\r\n\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
+log 2 Zentro "Read eeprom to file /tmp/eeprom.bin success, EvtCode:0x20201480"
+wrote /tmp/eeprom.bin 600 "{\x00*16384}"
+
 # No words
 $ cfgtool -t maintenance -d readeeprom -v
 $ cfgtool -t maintenance -d readeeprom 1
