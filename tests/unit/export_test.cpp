@@ -44,10 +44,12 @@ public:
     explicit told_export(told_disk told) : seen(std::move(told)), mask(umask(0))
     {
         reset_stub();
+        stub.has_tmp = false;
         export_progress = 0;
         disk = &seen;
         text = printed([this] { result = pack_sel_info(); });
         disk = nullptr;
+        reset_stub();
         umask(mask);
     }
 

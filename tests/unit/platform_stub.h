@@ -38,6 +38,7 @@ struct platform_stub {
     unsigned account = 0;   // that the tool seems to run under
     long file_length = -1;  // of any file
     std::string lock_file;  // what lies in place of /ipmc/usr/adduser_mutex
+    bool has_tmp = true;    // false: nothing seems to be in /tmp
 
     std::vector<byte_text> sent;
     unsigned receives = 0;
