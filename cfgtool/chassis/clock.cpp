@@ -26,7 +26,18 @@ static int set_utc_offset(int offset)
     return got.ok();
 }
 
-/// A whole number in [first, last]. `base` 0 takes octal and hexadecimal too.
+/// The base that a number is written in. The C library is not asked: since C23 it knows binary numbers too.
+static int written_base(const char *text)
+{
+    text = skip_blanks(text);
+    if (*text == '-' || *text == '+')
+        ++text;
+    if (*text != '0')
+        return 10;
+    return text[1] == 'x' || text[1] == 'X' ? 16 : 8;
+}
+
+/// A whole number in [first, last].
 static bool read_whole(const char *text, int base, int first, int last, int &value)
 {
     char *end;
@@ -147,7 +158,7 @@ int ipmctime(uint8_t level, uint8_t argc, char **argv, const char *target)
     if (!zone_given && !values_given(argc, argv, 2))
         return ipmctime_usage();
     int zone = 0;
-    if (zone_given && !read_whole(argv[3], 0, -12, 13, zone))
+    if (zone_given && !read_whole(argv[3], written_base(argv[3]), -12, 13, zone))
         return ipmctime_usage();
     const char *date = argv[1], *time_of_day = argv[2];
     if (strlen(date) < 8 || strlen(date) > 10 || strlen(time_of_day) > 8)

@@ -25,11 +25,11 @@ int32_t parse_number(const char *text)
     return *end != '\0' || value < 0 ? -1 : value;
 }
 
-static bool is_negative(const char *text)
+const char *skip_blanks(const char *text)
 {
     while (isspace(static_cast<unsigned char>(*text)))
         ++text;
-    return *text == '-';
+    return text;
 }
 
 uint32_t parse_unsigned(const char *text)
@@ -37,7 +37,7 @@ uint32_t parse_unsigned(const char *text)
     char *end;
     errno = 0;
     const unsigned long long value = strtoull(text, &end, base_of(text));
-    const unsigned long long size = is_negative(text) ? 0 - value : value;
+    const unsigned long long size = *skip_blanks(text) == '-' ? 0 - value : value;
     if (*end != '\0' || errno == ERANGE || size > UINT32_MAX)
         return not_a_number;
     return uint32_t(value);

@@ -17,3 +17,6 @@ constexpr uint32_t not_a_number = 0xFFFFFFFF;
 
 /// The decimal number a text begins with, 0 when it begins with none; never an error. As atoi where long has 32 bits.
 int32_t leading_number(const char *text);
+
+/// Where a text begins once the blanks are passed over that strtol passes over.
+const char *skip_blanks(const char *text);

@@ -17,6 +17,44 @@ $ cfgtool -d ipmctime -v 2020-01-01 10:00:00 0x8
 > 0A 49  20 FD 0B 5E < 00
 | Set ipmc time successfully.
 
+# Blanks and a sign before the zone, an octal and a hexadecimal one: 12 hours west
+env TZ=UTC0
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 -12
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 ' -12'
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 -014
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 ' -0014'
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 -0xc
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 ' -0X0C'
+> 0A 5D  F4 FF < 00
+> 0A 49  60 16 0D 5E < 00
+| Set ipmc time successfully.
+
+# Zero in all forms, an empty text among them
+env TZ=UTC0
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 0
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 -0
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 00
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 0x0
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 ''
+> 0A 5D  00 00 < 00
+> 0A 49  A0 6D 0C 5E < 00
+| Set ipmc time successfully.
+
+# No other digits and no other bases, whatever the C library knows
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 0b1
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 0B1
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 -0b1
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 +0b0
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 0o7
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 08
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 0x
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 0xg
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 b1
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 -
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 '- 1'
+$ cfgtool -d ipmctime -v 2020-01-01 10:00:00 '8 '
+| Usage: cfgtool -d ipmctime -v YYYY-MM-DD HH:MM:SS [time zone(-12 ~ +13)]
+
 # The highest zone
 env TZ=UTC0
 $ cfgtool -d ipmctime -v 2020-01-01 10:00:00 13
