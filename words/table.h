@@ -1,5 +1,5 @@
 // clang-format off
-// What the tool can say, line by line, and what its commands record. Made by words/make.py.
+// What the tool can say, line by line, and what its commands record.
 //
 // In a text \001 stands for any characters, \002 for a decimal and \003 for a hexadecimal number.
 
