@@ -22,12 +22,12 @@ static void take_back_clear_cmos()
     exchange(set_boot_flags(flags), answer);
 }
 
-int clearcmos(uint8_t level, uint8_t argc, char **argv, const char *target)
+int clearcmos(const invocation &typed)
 {
     static constexpr char failure[] = "Clear CMOS  failed, error code: 0x%X";  // Kept: two blanks
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    if (argc != 0)
+    if (typed.count != 0)
         return refuse("Usage: cfgtool -d clearcmos");
     if (!ask_confirm_with_warning())
         return 0;
@@ -95,12 +95,12 @@ static boot_flags current_or_empty_flags()
     return flags;
 }
 
-int bootdevice(uint8_t level, uint8_t argc, char **argv, const char *target)
+int bootdevice(const invocation &typed)
 {
     static constexpr char failure[] = "Set boot device failed, error code: 0x%X";
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    const boot_device *device = values_given(argc, argv, 1) ? find_device(parse_number(argv[1])) : nullptr;
+    const boot_device *device = typed.has_values(1) ? find_device(parse_number(typed.value(0))) : nullptr;
     if (device == nullptr)
         return refuse(bootdevice_usage);
 
@@ -139,11 +139,11 @@ static int protection_failed(bool enable)
     return refuse("Disable BIOS write protection failed, error code: 0x%X", g_error_code);
 }
 
-int bioswriteprotect(uint8_t level, uint8_t argc, char **argv, const char *target)
+int bioswriteprotect(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    const int32_t option = values_given(argc, argv, 1) ? parse_number(argv[1]) : -1;
+    const int32_t option = typed.has_values(1) ? parse_number(typed.value(0)) : -1;
     if (option != 0 && option != 1)
         return refuse(bioswriteprotect_usage);
     const bool enable = option == 1;

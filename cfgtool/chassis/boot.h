@@ -1,7 +1,7 @@
 /// What is written to the host's boot options: CMOS clear, boot device, BIOS write protection.
 #pragma once
 
-#include "cli/registry.h"
+#include "ui/invocation.h"
 
 /// No words: the host's firmware clears its CMOS settings.
 command_handler clearcmos;

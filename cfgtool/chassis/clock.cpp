@@ -150,17 +150,17 @@ static int set_clock(int zone, tm &calendar)
     return 1;
 }
 
-int ipmctime(uint8_t level, uint8_t argc, char **argv, const char *target)
+int ipmctime(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    const bool zone_given = values_given(argc, argv, 3);
-    if (!zone_given && !values_given(argc, argv, 2))
+    const bool zone_given = typed.has_values(3);
+    if (!zone_given && !typed.has_values(2))
         return ipmctime_usage();
     int zone = 0;
-    if (zone_given && !read_whole(argv[3], written_base(argv[3]), -12, 13, zone))
+    if (zone_given && !read_whole(typed.value(2), written_base(typed.value(2)), -12, 13, zone))
         return ipmctime_usage();
-    const char *date = argv[1], *time_of_day = argv[2];
+    const char *date = typed.value(0), *time_of_day = typed.value(1);
     if (strlen(date) < 8 || strlen(date) > 10 || strlen(time_of_day) > 8)
         return ipmctime_usage();
 
@@ -206,16 +206,16 @@ static bool read_time_zone(const char *text, int &offset)
     return true;
 }
 
-int timezone_command(uint8_t level, uint8_t argc, char **argv, const char *target)
+int timezone_command(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
     int offset;
-    if (!values_given(argc, argv, 1) || !read_time_zone(argv[1], offset))
+    if (!typed.has_values(1) || !read_time_zone(typed.value(0), offset))
         return refuse("Usage: cfgtool -d timezone -v <timezone>   -12:00<=timezone<=+13:00   e.g. +8:00,-4:30");
     if (!set_utc_offset(offset))
         return refuse("Set time zone failed.");
     say("Set time zone successfully.");
-    log_change("Time", "Set Zentro time zone(%s) success,EvtCode:0x20C00460", argv[1]);
+    log_change("Time", "Set Zentro time zone(%s) success,EvtCode:0x20C00460", typed.value(0));
     return 1;
 }

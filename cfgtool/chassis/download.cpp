@@ -132,11 +132,11 @@ static int start_and_follow(const collection &wanted)
     return follow(wanted);
 }
 
-int download(uint8_t level, uint8_t argc, char **argv, const char *target)
+int download(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    const int32_t option = values_given(argc, argv, 1) ? parse_number(argv[1]) : -1;
+    const int32_t option = typed.has_values(1) ? parse_number(typed.value(0)) : -1;
     if (option < 0 || option > 3)
         return refuse("Usage: cfgtool -d download -v <option>\r\n"
                       "Options are:\r\n"

@@ -76,15 +76,15 @@ static constexpr char fanmode_usage[] =
     "    0    auto regulate fan speed, without parameter [timeout]\r\n"
     "    1    manual regulate fan speed, with parameter [timeout], timeout range <0-100000000>";
 
-int fanmode(uint8_t level, uint8_t argc, char **argv, const char *target)
+int fanmode(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    const bool timeout_given = values_given(argc, argv, 2);
-    if (!timeout_given && !values_given(argc, argv, 1))
+    const bool timeout_given = typed.has_values(2);
+    if (!timeout_given && !typed.has_values(1))
         return refuse(fanmode_usage);
-    const uint32_t mode = parse_unsigned(argv[1]);
-    const uint32_t timeout_s = timeout_given ? parse_unsigned(argv[2]) : default_timeout_s;
+    const uint32_t mode = parse_unsigned(typed.value(0));
+    const uint32_t timeout_s = timeout_given ? parse_unsigned(typed.value(1)) : default_timeout_s;
     if (mode > mode_manual || timeout_s > max_timeout_s)  // what is no number is larger than both
         return refuse(fanmode_usage);
     if (mode == mode_auto && timeout_given)
@@ -107,11 +107,11 @@ int fanmode(uint8_t level, uint8_t argc, char **argv, const char *target)
     return 1;
 }
 
-int fanlevel(uint8_t level, uint8_t argc, char **argv, const char *target)
+int fanlevel(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    const int32_t percent = values_given(argc, argv, 1) ? parse_number(argv[1]) : -1;
+    const int32_t percent = typed.has_values(1) ? parse_number(typed.value(0)) : -1;
     if (percent < 0)
         return refuse("Usage: cfgtool -d fanlevel -v <value>");
     if (percent < board.min_fan_level)

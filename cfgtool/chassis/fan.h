@@ -1,7 +1,7 @@
 /// Fan mode and fan level.
 #pragma once
 
-#include "cli/registry.h"
+#include "ui/invocation.h"
 
 /// -v MODE [TIMEOUT]: 0 = automatic, 1 = manual for TIMEOUT seconds (30 when not given).
 command_handler fanmode;

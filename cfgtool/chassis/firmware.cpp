@@ -16,7 +16,7 @@ static constexpr char module[] = "Firmware";
 static ipmi_request upgrade_request(uint8_t action) { return ipmi_request(netfn_oem, 0x91).oem().u8(0x06).u8(action); }
 static constexpr uint8_t initiate_action = 0xAA, status_action = 0x00, finish_action = 0x55;
 
-// Words -------------------------------------------------------------------------------------------------------------
+// Arguments ---------------------------------------------------------------------------------------------------------
 
 static constexpr size_t longest_path = 80;
 
@@ -37,15 +37,15 @@ static int upgrade_usage()
 static bool is_reboot_option(const char *word) { return strcmp(word, "0") == 0 || strcmp(word, "1") == 0; }
 
 /// False = told why not.
-static bool take_words(uint8_t argc, char **argv, upgrade_order &order)
+static bool take_arguments(const invocation &typed, upgrade_order &order)
 {
     order = {"/tmp/image.hpm", true};
-    const bool path_and_option = values_given(argc, argv, 2), one_word = values_given(argc, argv, 1);
-    if (argc == 0)
+    const bool path_and_option = typed.has_values(2), path_or_option = typed.has_values(1);
+    if (typed.count == 0)
         return true;
-    if (!path_and_option && !one_word)
+    if (!path_and_option && !path_or_option)
         return upgrade_usage() != 0;
-    const char *path = argv[1], *option = argv[path_and_option ? 2 : 1];
+    const char *path = typed.value(0), *option = typed.value(path_and_option ? 1 : 0);
     const bool is_path = path[0] == '/';
     if (strlen(path) > longest_path && (is_path || path_and_option))  // Kept: with an option, before the "/" is missed
         return refuse("Invalid length of the file path") != 0;
@@ -53,7 +53,7 @@ static bool take_words(uint8_t argc, char **argv, upgrade_order &order)
         order.path = path;
     else if (path_and_option)
         return upgrade_usage() != 0;
-    if (is_path && one_word)
+    if (is_path && path_or_option)
         return true;
     if (!is_reboot_option(option))
         return upgrade_usage() != 0;
@@ -226,10 +226,10 @@ static void shut_out_terminal_signals()
     sigaction(SIGTSTP, &ignoring, nullptr);
 }
 
-int upgrade(uint8_t level, uint8_t argc, char **argv, const char *target)
+int upgrade(const invocation &typed)
 {
     upgrade_order order;
-    if (!check_privilege(level, argc, argv, target) || !take_words(argc, argv, order))
+    if (!check_privilege(typed) || !take_arguments(typed, order))
         return 0;
     shut_out_terminal_signals();
     say("Please make sure the Zentro is working while upgrading!");
@@ -250,9 +250,9 @@ static int rollback_failed()
     return 0;
 }
 
-int rollback(uint8_t level, uint8_t argc, char **argv, const char *target)
+int rollback(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target) || !ask_confirm_with_warning())
+    if (!check_privilege(typed) || !ask_confirm_with_warning())
         return rollback_failed();
     ipmi_rsp answer;
     const ipmi_outcome got = exchange(initiate_manual_rollback(), answer);

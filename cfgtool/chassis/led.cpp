@@ -127,8 +127,8 @@ static bool order_lamptest(char **values, led_order &order)
 
 struct led_option {
     const char *word;
-    uint8_t argc;  // all words of it, "-v", the LED's name and the option included
-    bool for_all;  // "ledall" may have it
+    uint8_t count;  // of the arguments: "-v", the LED's name, the option and its values
+    bool for_all;   // "ledall" may have it
     bool (*order)(char **values, led_order &order);
 };
 static constexpr led_option led_options[] = {
@@ -147,21 +147,21 @@ static const led_option *find_option(const char *word)
     return nullptr;
 }
 
-int ledstate(uint8_t level, uint8_t argc, char **argv, const char *target)
+int ledstate(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    if (argc < 3 || strcmp(argv[0], "-v") != 0)
+    if (typed.count < 3 || strcmp(typed.arguments[0], "-v") != 0)
         return print_usage();
-    const bool all = strcmp(argv[1], "ledall") == 0;
-    const int led = all ? all_leds : resolve_led(argv[1]);
+    const bool all = strcmp(typed.value(0), "ledall") == 0;
+    const int led = all ? all_leds : resolve_led(typed.value(0));
     if (led < 0)
         return 0;
-    const led_option *option = find_option(argv[2]);
-    if (option == nullptr || (all && !option->for_all) || argc != option->argc)
+    const led_option *option = find_option(typed.value(1));
+    if (option == nullptr || (all && !option->for_all) || typed.count != option->count)
         return print_usage();
     led_order order;
-    if (!option->order(argv + 3, order)) {
+    if (!option->order(typed.arguments + 3, order)) {
         say("Input parameter out of range.");
         return print_usage();
     }

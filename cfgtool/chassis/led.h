@@ -1,7 +1,7 @@
 /// The LEDs of FRU 0.
 #pragma once
 
-#include "cli/registry.h"
+#include "ui/invocation.h"
 
 /// -v LEDNAME OPTION [VALUE...]: off, on, blink, lamptest or localcontrol. Nothing of it is logged.
 command_handler ledstate;

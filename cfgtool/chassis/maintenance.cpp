@@ -56,11 +56,11 @@ static void save_eeprom()
     free(image);
 }
 
-int readeeprom(uint8_t level, uint8_t argc, char **argv, const char *target)
+int readeeprom(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    if (argc != 0)
+    if (typed.count != 0)
         return refuse("Usage: cfgtool -t maintenance -d readeeprom");
     save_eeprom();
     say("\nRead eeprom to file /tmp/eeprom.bin successfully.");  // Kept: whatever came of it
@@ -72,11 +72,11 @@ int readeeprom(uint8_t level, uint8_t argc, char **argv, const char *target)
 
 static constexpr unsigned bios_8_mib = 0x800000, bios_16_mib = 0x1000000;
 
-int downloadbios(uint8_t level, uint8_t argc, char **argv, const char *target)
+int downloadbios(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    if (argc != 0)
+    if (typed.count != 0)
         return refuse("Usage: cfgtool -t maintenance -d downloadbios");
     if (get_bios("/tmp/bios.bin", bios_8_mib) < 0)
         return refuse("Download bios fail");
@@ -124,13 +124,13 @@ static bool upgrade_from(const char *file)
     return write_flash(file, unsigned(length));
 }
 
-int upgradebios(uint8_t level, uint8_t argc, char **argv, const char *target)
+int upgradebios(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    if (argc != 2 || strncmp(argv[0], "-v", 2) != 0)  // Kept: no more than these two characters
+    if (typed.count != 2 || strncmp(typed.arguments[0], "-v", 2) != 0)  // Kept: no more than these two characters
         return refuse("Usage: cfgtool -t maintenance -d upgradebios -v <filename>");
-    const char *file = argv[1];
+    const char *file = typed.value(0);
     if (!ends_in_bin(file))
         return refuse("please check the upgrade file BIOS.bin ");
     if (!ask_confirm("This operation will upgrade BIOS. Continue? [Y/N]:"))
@@ -144,14 +144,14 @@ int upgradebios(uint8_t level, uint8_t argc, char **argv, const char *target)
 
 // Web server --------------------------------------------------------------------------------------------------------
 
-int webrestart(uint8_t level, uint8_t argc, char **argv, const char *target)
+int webrestart(const invocation &typed)
 {
     static constexpr char web_server[] = "/web/linux/webs";
-    if (!check_privilege(level, argc, argv, target)) {
+    if (!check_privilege(typed)) {
         log_change("Zentro", "Restart web service fail, EvtCode:0x202014E1");
         return 0;
     }
-    if (argc != 0)
+    if (typed.count != 0)
         return refuse("Usage: cfgtool -t maintenance -d webrestart");
     run("/sbin/killall", web_server);
     vos_task_delay(2000);
@@ -162,14 +162,14 @@ int webrestart(uint8_t level, uint8_t argc, char **argv, const char *target)
 
 // BIOS debug output -------------------------------------------------------------------------------------------------
 
-int biosprint(uint8_t level, uint8_t argc, char **argv, const char *target)
+int biosprint(const invocation &typed)
 {
     static constexpr const char *descriptions[] = {"unknown op", "Set BIOS debug info enable",
                                                    "Set BIOS debug info enabled/disabled by BIOS setup menu"};
     static constexpr int on = 1, not_supported = -10;
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    const int32_t option = values_given(argc, argv, 1) ? parse_number(argv[1]) : -1;
+    const int32_t option = typed.has_values(1) ? parse_number(typed.value(0)) : -1;
     if (option != 1 && option != 2)
         return refuse("Usage: cfgtool -t maintenance -d biosprint -v <option>\r\n"
                       "Options are:\r\n"
@@ -210,13 +210,13 @@ static ipmi_request set_http_host(bool more, size_t offset, const char *chunk, s
         .padded(chunk, unsigned(size));
 }
 
-int httphost(uint8_t level, uint8_t argc, char **argv, const char *target)
+int httphost(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    if (!values_given(argc, argv, 1))
+    if (!typed.has_values(1))
         return refuse("Usage: cfgtool -d httphost -v <value>");
-    const char *host = argv[1];
+    const char *host = typed.value(0);
     const size_t length = strlen(host);
     if (length > longest_host)
         return refuse("invalid httphost length, it must be less than 256 characters");

@@ -1,7 +1,7 @@
 /// Service operations on the controller's own hardware and processes, and the name its web interface announces.
 #pragma once
 
-#include "cli/registry.h"
+#include "ui/invocation.h"
 
 /// No words: the board EEPROM into /tmp/eeprom.bin.
 command_handler readeeprom;

@@ -41,20 +41,20 @@ static identify_wish interval(uint8_t seconds)
     return wish;
 }
 
-int identify(uint8_t level, uint8_t argc, char **argv, const char *target)
+int identify(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    if (argc != 0 && argc != 2)
+    if (typed.count != 0 && typed.count != 2)
         return refuse(identify_usage);
     // Kept: the value is looked at before the "-v".
-    const bool force = argc == 2 && strcmp(argv[1], "force") == 0;
-    const int32_t seconds = argc == 2 && !force ? parse_number(argv[1]) : 0;
-    if (seconds < 0 || (argc == 2 && !values_given(argc, argv, 1)))
+    const bool force = typed.count == 2 && strcmp(typed.value(0), "force") == 0;
+    const int32_t seconds = typed.count == 2 && !force ? parse_number(typed.value(0)) : 0;
+    if (seconds < 0 || (typed.count == 2 && !typed.has_values(1)))
         return refuse(identify_usage);
 
     // Kept: a time above 255 is no error, it is taken modulo 256.
-    const identify_wish wish = argc == 0 ? default_interval() : force ? steady() : interval(uint8_t(seconds));
+    const identify_wish wish = typed.count == 0 ? default_interval() : force ? steady() : interval(uint8_t(seconds));
     ipmi_rsp answer;
     const ipmi_outcome got = exchange(wish.request, answer);
     if (!got.ok())
@@ -85,11 +85,11 @@ static ipmi_request set_serial_direction(uint8_t direction)
     return ipmi_request(netfn_oem, 0x91).oem().u8(0x17).u8(0x01).u8(direction);
 }
 
-int serialdir(uint8_t level, uint8_t argc, char **argv, const char *target)
+int serialdir(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    const int32_t option = values_given(argc, argv, 1) ? parse_number(argv[1]) : -1;
+    const int32_t option = typed.has_values(1) ? parse_number(typed.value(0)) : -1;
     if (option < 0 || option > 2)
         return refuse(serialdir_usage);
     if (option == 2)
@@ -116,14 +116,14 @@ static ipmi_request save_screen_snapshot(bool wake_up)
     return ipmi_request(netfn_oem, 0x93).oem().u8(0x03).u8(0x00).u8(wake_up);
 }
 
-int printscreen(uint8_t level, uint8_t argc, char **argv, const char *target)
+int printscreen(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    if (argc != 0 && argc != 2)
+    if (typed.count != 0 && typed.count != 2)
         return refuse("Usage: cfgtool -d printscreen [-v wakeup] ");  // Kept: a blank at the end, and none below
-    const bool wake_up = argc == 2;
-    if (wake_up && strcmp(argv[1], "wakeup") != 0)  // Kept: the first word is not looked at
+    const bool wake_up = typed.count == 2;
+    if (wake_up && strcmp(typed.value(0), "wakeup") != 0)  // Kept: the first word is not looked at
         return refuse("Usage: cfgtool -d printscreen [-v wakeup]");
 
     ipmi_rsp answer;

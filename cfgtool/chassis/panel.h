@@ -1,7 +1,7 @@
 /// The front panel and the screen: identify LED, serial connector, screen snapshot.
 #pragma once
 
-#include "cli/registry.h"
+#include "ui/invocation.h"
 
 /// No words, -v SECONDS or -v force: the identify (UID) LED.
 command_handler identify;

@@ -49,20 +49,20 @@ static int log_failure(const char *record)
 static int log_nothing_chosen() { return log_failure("Host power control fail,EvtCode:0x20100011"); }
 
 template <size_t count>
-static const host_action *find_action(const host_action (&actions)[count], uint8_t argc, char **argv)
+static const host_action *find_action(const host_action (&actions)[count], const invocation &typed)
 {
-    const int32_t option = values_given(argc, argv, 1) ? parse_number(argv[1]) : -1;
+    const int32_t option = typed.has_values(1) ? parse_number(typed.value(0)) : -1;
     for (const host_action &action : actions)
         if (option >= 0 && action.option == uint32_t(option))
             return &action;
     return nullptr;
 }
 
-int powerstate(uint8_t level, uint8_t argc, char **argv, const char *target)
+int powerstate(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return log_nothing_chosen();
-    const host_action *action = find_action(power_actions, argc, argv);
+    const host_action *action = find_action(power_actions, typed);
     if (action == nullptr) {
         say("Usage: cfgtool -d powerstate -v <option>\r\n"
             "Options are:\r\n"
@@ -88,11 +88,11 @@ int powerstate(uint8_t level, uint8_t argc, char **argv, const char *target)
     return 1;
 }
 
-int frucontrol(uint8_t level, uint8_t argc, char **argv, const char *target)
+int frucontrol(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return log_nothing_chosen();
-    const host_action *action = find_action(fru_actions, argc, argv);
+    const host_action *action = find_action(fru_actions, typed);
     if (action == nullptr) {
         say("Usage: cfgtool -d frucontrol -v <option>\r\n"
             "Options are:\r\n"
@@ -117,12 +117,12 @@ int frucontrol(uint8_t level, uint8_t argc, char **argv, const char *target)
     return 1;
 }
 
-int shutdowntimeout(uint8_t level, uint8_t argc, char **argv, const char *target)
+int shutdowntimeout(const invocation &typed)
 {
     static constexpr char failure[] = "Set shutdown timeout failed, error code: 0x%X";
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    const int32_t timeout_s = values_given(argc, argv, 1) ? parse_number(argv[1]) : -1;
+    const int32_t timeout_s = typed.has_values(1) ? parse_number(typed.value(0)) : -1;
     if (timeout_s != 0 && (timeout_s < 10 || timeout_s > 6540))
         return refuse("Usage: cfgtool -d shutdowntimeout -v <time>   time=0s or 10s<=time<=6540s");
 

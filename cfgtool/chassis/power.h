@@ -2,7 +2,7 @@
 /// fru0 and does the same in both places.
 #pragma once
 
-#include "cli/registry.h"
+#include "ui/invocation.h"
 
 /// -v 0|1|2: power off gracefully, on, off by force.
 command_handler powerstate;

@@ -14,11 +14,11 @@
 
 static ipmi_request cold_reset() { return ipmi_request(netfn_app, 0x02); }
 
-int reset(uint8_t level, uint8_t argc, char **argv, const char *target)
+int reset(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    if (argc != 0)
+    if (typed.count != 0)
         return refuse("Usage: cfgtool -d reset");
     if (!ask_confirm("This operation will reboot IPMC system. Continue? [Y/N]:"))
         return 0;
@@ -57,12 +57,12 @@ static void wait_for_erasure(uint16_t reservation)
     }
 }
 
-int sel(uint8_t level, uint8_t argc, char **argv, const char *target)
+int sel(const invocation &typed)
 {
     static constexpr char failure[] = "Clear SEL failed, error code: 0x%X";
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    if (!values_given(argc, argv, 1) || strcmp(argv[1], "clear") != 0)
+    if (!typed.has_values(1) || strcmp(typed.value(0), "clear") != 0)
         return refuse("Usage: cfgtool -d sel -v clear");
     if (!ask_confirm_with_warning())
         return 0;

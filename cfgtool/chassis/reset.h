@@ -1,7 +1,7 @@
 /// Starting afresh: the controller itself, and its System Event Log.
 #pragma once
 
-#include "cli/registry.h"
+#include "ui/invocation.h"
 
 /// No words: cold-resets the management controller.
 command_handler reset;

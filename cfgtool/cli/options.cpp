@@ -8,8 +8,6 @@
 #include <cstring>
 #include <unistd.h>
 
-char current_command[128];
-
 // Listings ----------------------------------------------------------------------------------------------------------
 
 static constexpr char targets_heading[] = "    -t <target>";
@@ -81,8 +79,8 @@ static const command_entry *dataitems_of(const char *target)
     return target_dataitems[find_rows(targets, target, disabled_rows::counted).first];  // Kept: disabled or not
 }
 
-static void run_dataitem(const command_entry *table, const char *target, const char *dataitem, uint8_t argc,
-                         char **argv)
+static void run_dataitem(const command_entry *table, const char *target, const char *dataitem, uint8_t count,
+                         char **arguments)
 {
     const row_matches found = find_rows(table, dataitem);
     if (found.count == 0) {
@@ -95,21 +93,21 @@ static void run_dataitem(const command_entry *table, const char *target, const c
     } else {
         const command_entry &row = table[found.first];
         vos_strncpy(current_command, sizeof current_command, dataitem, sizeof current_command - 1);
-        row.handler(row.level(), argc, argv, target);
+        row.handler({row.level(), count, arguments, target});
     }
 }
 
-void dispatch(uint8_t targets_seen, const char *target, const char *dataitem, uint8_t argc, char **argv)
+void dispatch(uint8_t targets_seen, const char *target, const char *dataitem, uint8_t count, char **arguments)
 {
     if (targets_seen != 0) {
         if (validate_target(target))
-            run_dataitem(dataitems_of(target), target, dataitem, argc, argv);
+            run_dataitem(dataitems_of(target), target, dataitem, count, arguments);
     } else if (dataitem == nullptr) {
         say("\r\ninput parameter<-d> error");
         say(dataitems_heading);
         list_rows(top_level_dataitems);
     } else {
-        run_dataitem(top_level_dataitems, nullptr, dataitem, argc, argv);
+        run_dataitem(top_level_dataitems, nullptr, dataitem, count, arguments);
     }
 }
 
@@ -128,7 +126,7 @@ void run_command_line(int argc, char **argv)
         return;
     }
     uint8_t targets_seen = 0;
-    const char *target = nullptr;  // the words of argv outlive the run, so they are not copied
+    const char *target = nullptr;  // argv outlives the run, so it is not copied
     for (int option; (option = getopt(argc, argv, "t:d:hT:")) != -1;) {
         switch (option) {
         case 't':

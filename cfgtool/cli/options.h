@@ -6,9 +6,5 @@
 /// Parses the command line and runs at most one command.
 void run_command_line(int argc, char **argv);
 
-/// The command itself: `dataitem` with the words behind it. `targets_seen` is 0 for a top-level dataitem.
-void dispatch(uint8_t targets_seen, const char *target, const char *dataitem, uint8_t argc, char **argv);
-
-/// The dataitem of the running command, as typed; the privilege gate may append to it. Kept as a record, read by
-/// nobody.
-extern char current_command[128];
+/// The command itself: `dataitem` with its arguments. `targets_seen` is 0 for a top-level dataitem.
+void dispatch(uint8_t targets_seen, const char *target, const char *dataitem, uint8_t count, char **arguments);

@@ -5,15 +5,9 @@
 /// position of `target_dataitems`.
 #pragma once
 
-#include <cstdint>
+#include "ui/invocation.h"
 
-/// Runs one command.
-///   level    privilege the row requires
-///   argc     number of command-line words behind the dataitem, reduced to 8 bits
-///   argv     those words, normally "-v" first; ends with a null pointer
-///   target   what was typed after -t, perhaps only a prefix of the target's name; null at top level
-///   returns  1 = success, 0 = failure
-using command_handler = int(uint8_t level, uint8_t argc, char **argv, const char *target);
+#include <cstdint>
 
 struct command_entry {
     const char *name;          // null ends the table

@@ -1,6 +1,5 @@
 #include "ipmi/privilege.h"
 
-#include "cli/options.h"
 #include "ipmi/transport.h"
 #include "platform/platform.h"
 #include "ui/console.h"
@@ -42,13 +41,13 @@ static const char *refusal(uid_t account, uint8_t level)
     return privilege_limit(got.data) < level ? insufficient : nullptr;
 }
 
-int check_privilege(uint8_t level, uint8_t argc, char **, const char *)
+int check_privilege(const invocation &typed)
 {
-    const char *reason = refusal(geteuid(), level);
+    const char *reason = refusal(geteuid(), typed.level);
     if (reason == nullptr)
         return 1;
     say("%s", reason);
-    if (argc == 0)
+    if (typed.count == 0)
         vos_strncat(current_command, sizeof current_command,
                     " operation rejected because of insufficient privilege level.", 60);
     return 0;

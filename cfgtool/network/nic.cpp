@@ -53,12 +53,12 @@ static const nic_mode *find_mode(const char *word)
     return nullptr;
 }
 
-int eth0_mode(uint8_t level, uint8_t argc, char **argv, const char *target)
+int eth0_mode(const invocation &typed)
 {
     static constexpr uint8_t state_not_supported = 0x81;
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    const nic_mode *mode = values_given(argc, argv, 1) ? find_mode(argv[1]) : nullptr;
+    const nic_mode *mode = typed.has_values(1) ? find_mode(typed.value(0)) : nullptr;
     if (mode == nullptr)
         return refuse("Usage: cfgtool -t eth0 -d mode -v <option>\r\n"
                       "Options are:\r\n"
@@ -96,11 +96,11 @@ static int sideband_index(const char *word)
     return -1;
 }
 
-int eth0_sideband(uint8_t level, uint8_t argc, char **argv, const char *target)
+int eth0_sideband(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    const int index = values_given(argc, argv, 1) ? sideband_index(argv[1]) : -1;
+    const int index = typed.has_values(1) ? sideband_index(typed.value(0)) : -1;
     if (index < 0)
         return refuse("Usage: cfgtool -t eth0 -d sideband -v <port1-port%d> ", board.mac_count);
     if (get_nic_port_count() <= index)
@@ -111,22 +111,22 @@ int eth0_sideband(uint8_t level, uint8_t argc, char **argv, const char *target)
     if (!got.ok())  // Kept: never g_error_code
         return refuse("Set sideband enable port failed, error code: 0x%X", got.composite_code());
     say("Set sideband enable port success!");
-    log_change("Network", "Set shared Eth destination port(%s) success,EvtCode:0x212006E0", argv[1]);
+    log_change("Network", "Set shared Eth destination port(%s) success,EvtCode:0x212006E0", typed.value(0));
     return 1;
 }
 
 // VLAN --------------------------------------------------------------------------------------------------------------
 
-int eth0_vlan(uint8_t level, uint8_t argc, char **argv, const char *target)
+int eth0_vlan(const invocation &typed)
 {
     static constexpr char failure[] = "Set eth0 vlan failed, error code: 0x%X";
     static constexpr uint16_t enabled = 0x8000;
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    if (!values_given(argc, argv, 1))
+    if (!typed.has_values(1))
         return refuse("Usage: cfgtool -t eth0 -d vlan -v <off|<id>>");
-    const bool off = strcmp(argv[1], "off") == 0;
-    const uint32_t id = off ? 0 : parse_unsigned(argv[1]);
+    const bool off = strcmp(typed.value(0), "off") == 0;
+    const uint32_t id = off ? 0 : parse_unsigned(typed.value(0));
     if (!off && (id < 1 || id > 4094))
         return refuse("vlan id must be between 1 and 4094.");
 
@@ -160,13 +160,13 @@ static bool reset_sideband_port()
     return got.ok();
 }
 
-int eth1_state(uint8_t level, uint8_t argc, char **argv, const char *target)
+int eth1_state(const invocation &typed)
 {
     static constexpr uint8_t last_enabled_port = 0x80;
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    const bool enable = values_given(argc, argv, 1) && strcmp(argv[1], "enabled") == 0;
-    if (!enable && !(values_given(argc, argv, 1) && strcmp(argv[1], "disabled") == 0))
+    const bool enable = typed.has_values(1) && strcmp(typed.value(0), "enabled") == 0;
+    if (!enable && !(typed.has_values(1) && strcmp(typed.value(0), "disabled") == 0))
         return refuse("Usage: cfgtool -t eth1 -d state -v <enabled|disabled>");
 
     lan_bracket bracket;

@@ -1,7 +1,7 @@
 /// Which way the controller's network traffic takes.
 #pragma once
 
-#include "cli/registry.h"
+#include "ui/invocation.h"
 
 /// -v 1|2|3: dedicated, shared with the host, adaptive.
 command_handler eth0_mode;

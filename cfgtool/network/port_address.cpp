@@ -116,21 +116,22 @@ static int set_ipv4_address(const lan_port &port, lan_bracket &bracket, const ch
     return 1;
 }
 
-int ipaddr(const lan_port &port, uint8_t level, uint8_t argc, char **argv, const char *target)
+int ipaddr(const lan_port &port, const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    const bool with_mask = values_given(argc, argv, 2);
-    if (!with_mask && !values_given(argc, argv, 1))
+    const bool with_mask = typed.has_values(2);
+    if (!with_mask && !typed.has_values(1))
         return ipaddr_usage(port);
 
     lan_bracket bracket;
     if (!bracket.opened()) {
         bracket.close();  // Kept: though it was never open
         return with_mask ? refuse("Set IP address failed, error code: 0x%X", g_error_code)
-                         : opening_mode_failed(argv[1]);
+                         : opening_mode_failed(typed.value(0));
     }
-    return with_mask ? set_ipv4_address(port, bracket, argv[1], argv[2]) : set_ipv4_source(port, bracket, argv[1]);
+    return with_mask ? set_ipv4_address(port, bracket, typed.value(0), typed.value(1))
+                     : set_ipv4_source(port, bracket, typed.value(0));
 }
 
 // IPv6 address ------------------------------------------------------------------------------------------------------
@@ -182,35 +183,36 @@ static int set_ipv6_address(const lan_port &port, lan_bracket &bracket, const ch
     return 1;
 }
 
-int ipaddr6(const lan_port &port, uint8_t level, uint8_t argc, char **argv, const char *target)
+int ipaddr6(const lan_port &port, const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    const bool third_word = values_given(argc, argv, 2);  // Kept: of no effect but on the next failure's text
-    if (!third_word && !values_given(argc, argv, 1))
+    const bool third_word = typed.has_values(2);  // Kept: of no effect but on the next failure's text
+    if (!third_word && !typed.has_values(1))
         return ipaddr6_usage(port);
 
     lan_bracket bracket;
     if (!bracket.opened()) {
         bracket.close();  // Kept: though it was never open
         return third_word ? refuse("Set IPv6 address failed, error code: 0x%X", g_error_code)
-                          : opening_mode_failed(argv[1]);
+                          : opening_mode_failed(typed.value(0));
     }
-    const char *slash = strchr(argv[1], '/');
-    return slash != nullptr ? set_ipv6_address(port, bracket, argv[1], slash) : set_ipv6_source(port, bracket, argv[1]);
+    const char *slash = strchr(typed.value(0), '/');
+    return slash != nullptr ? set_ipv6_address(port, bracket, typed.value(0), slash)
+                            : set_ipv6_source(port, bracket, typed.value(0));
 }
 
 // Gateways ----------------------------------------------------------------------------------------------------------
 
-int gateway(const lan_port &port, uint8_t level, uint8_t argc, char **argv, const char *target)
+int gateway(const lan_port &port, const invocation &typed)
 {
     static constexpr char failure[] = "Set gateway failed, error code: 0x%X";
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    if (!values_given(argc, argv, 1))
+    if (!typed.has_values(1))
         return refuse("Usage: cfgtool -t %s -d gateway -v <gateway>", port.target);
     uint32_t address;
-    if (!parse_ipv4(argv[1], address))
+    if (!parse_ipv4(typed.value(0), address))
         return refuse("Input parameter format invalid.");
 
     lan_bracket bracket;
@@ -222,19 +224,19 @@ int gateway(const lan_port &port, uint8_t level, uint8_t argc, char **argv, cons
         return refuse(failure, got.error_code(default_gateway));
     bracket.close();
     say("Set gateway success.");
-    log_change("Network", "Set %s IPv4 gateway(%s) success,EvtCode:0x21200670", port.log_word, argv[1]);
+    log_change("Network", "Set %s IPv4 gateway(%s) success,EvtCode:0x21200670", port.log_word, typed.value(0));
     return 1;
 }
 
-int gateway6(const lan_port &port, uint8_t level, uint8_t argc, char **argv, const char *target)
+int gateway6(const lan_port &port, const invocation &typed)
 {
     static constexpr char failure[] = "Set gateway6 failed, error code: 0x%X";
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    if (!values_given(argc, argv, 1))
+    if (!typed.has_values(1))
         return refuse("Usage: cfgtool -t %s -d gateway6 -v <gateway6>", port.target);
     ipv6_bytes address;
-    if (!parse_ipv6(argv[1], address))
+    if (!parse_ipv6(typed.value(0), address))
         return refuse("Input parameter format invalid.");
 
     lan_bracket bracket;
@@ -247,6 +249,6 @@ int gateway6(const lan_port &port, uint8_t level, uint8_t argc, char **argv, con
         return refuse(failure, got.error_code(ipv6_gateway));
     bracket.close();
     say("Set gateway6 success.");
-    log_change("Network", "Set %s IPv6 gateway(%s) success,EvtCode:0x212006B0", port.log_word, argv[1]);
+    log_change("Network", "Set %s IPv6 gateway(%s) success,EvtCode:0x212006B0", port.log_word, typed.value(0));
     return 1;
 }

@@ -1,6 +1,8 @@
 /// The controller's own network addresses, on two ports: ipaddr, ipaddr6, gateway and gateway6 of each.
 #pragma once
 
+#include "ui/invocation.h"
+
 #include <cstdint>
 
 struct lan_port {
@@ -12,7 +14,7 @@ inline constexpr lan_port eth0 = {"eth0", 1, "Mgmt Eth"};    // the management p
 inline constexpr lan_port eth1 = {"eth1", 2, "shared Eth"};  // the port shared with the host
 
 /// A command_handler with the port in front. The registry's row binds it: on_port<ipaddr, eth0>.
-using port_command = int(const lan_port &port, uint8_t level, uint8_t argc, char **argv, const char *target);
+using port_command = int(const lan_port &port, const invocation &typed);
 
 /// -v ADDRESS MASK, or -v dhcp|static.
 port_command ipaddr;
@@ -24,7 +26,7 @@ port_command gateway;
 port_command gateway6;
 
 template <port_command &command, const lan_port &port>
-int on_port(uint8_t level, uint8_t argc, char **argv, const char *target)
+int on_port(const invocation &typed)
 {
-    return command(port, level, argc, argv, target);
+    return command(port, typed);
 }

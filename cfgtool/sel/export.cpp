@@ -183,11 +183,11 @@ int pack_sel_info()
 
 // zntool ------------------------------------------------------------------------------------------------------------
 
-int zntool(uint8_t level, uint8_t argc, char **argv, const char *target)
+int zntool(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    if (argc != 0)
+    if (typed.count != 0)
         return refuse("Usage: cfgtool -t maintenance -d zntool");
     if (event_parse_init("/data/sectbl.cfg") == 0) {
         say("parse seltbl.cfg file fail, program exit!!!");  // Kept: another name than the path's

@@ -1,7 +1,7 @@
 /// The debug-information command, and the export of the stored event logs that it begins with.
 #pragma once
 
-#include "cli/registry.h"
+#include "ui/invocation.h"
 
 #include <cstddef>
 

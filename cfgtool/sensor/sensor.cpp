@@ -61,18 +61,18 @@ static bool change_threshold(const threshold &which, const char *name, double va
            send(set_sensor_thresholds(record->sensor_number(), which.slot, raw_byte(raw)));
 }
 
-int set_threshold(const threshold &which, uint8_t level, uint8_t argc, char **argv, const char *target)
+int set_threshold(const threshold &which, const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    if (!values_given(argc, argv, 2))
+    if (!typed.has_values(2))
         return refuse("Usage: cfgtool -t sensor -d %s -v <sensorname>  <%sval>", which.dataitem, which.dataitem);
-    const double value = atof(argv[2]);  // Kept: what is no number counts as 0
-    if (!change_threshold(which, argv[1], value))
+    const double value = atof(typed.value(1));  // Kept: what is no number counts as 0
+    if (!change_threshold(which, typed.value(0), value))
         return refuse("Set sensor %s failed, error code: 0x%X", which.words, g_error_code);
     say("Set sensor %s successfully.", which.words);
-    log_change("Sensor", "Set sensor(%s) %s threshold(%.3f) success,EvtCode:0x%08X", argv[1], which.log_words, value,
-               which.event);
+    log_change("Sensor", "Set sensor(%s) %s threshold(%.3f) success,EvtCode:0x%08X", typed.value(0), which.log_words,
+               value, which.event);
     return 1;
 }
 
@@ -117,32 +117,26 @@ static bool change_hysteresis(const hysteresis_kind &kind, const char *name, uin
                                       is_positive ? negative_going : count));
 }
 
-static int set_hysteresis(const hysteresis_kind &kind, uint8_t level, uint8_t argc, char **argv, const char *target)
+static int set_hysteresis(const hysteresis_kind &kind, const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    if (!values_given(argc, argv, 2))
+    if (!typed.has_values(2))
         return refuse("Usage: cfgtool -t sensor -d %s -v <sensorname>  <%sval>", kind.dataitem, kind.dataitem);
-    const int32_t count = parse_number(argv[2]);
+    const int32_t count = parse_number(typed.value(1));
     if (count < 0 || count > UINT8_MAX)
         return refuse("Input parameter out of range.");
-    if (!change_hysteresis(kind, argv[1], uint8_t(count)))
+    if (!change_hysteresis(kind, typed.value(0), uint8_t(count)))
         return refuse("Set sensor %s hysteresis failed, error code: 0x%X", kind.word, g_error_code);
     say("Set sensor %s hysteresis successfully.", kind.word);
-    log_change("Sensor", "Set sensor(%s) %s hysteresis(%d) success,EvtCode:0x%08X", argv[1], kind.word, count,
+    log_change("Sensor", "Set sensor(%s) %s hysteresis(%d) success,EvtCode:0x%08X", typed.value(0), kind.word, count,
                kind.event);
     return 1;
 }
 
-int negativehysteresis(uint8_t level, uint8_t argc, char **argv, const char *target)
-{
-    return set_hysteresis(negative, level, argc, argv, target);
-}
+int negativehysteresis(const invocation &typed) { return set_hysteresis(negative, typed); }
 
-int positivehysteresis(uint8_t level, uint8_t argc, char **argv, const char *target)
-{
-    return set_hysteresis(positive, level, argc, argv, target);
-}
+int positivehysteresis(const invocation &typed) { return set_hysteresis(positive, typed); }
 
 // Test --------------------------------------------------------------------------------------------------------------
 
@@ -181,17 +175,17 @@ static bool change_test(const char *name, const char *value_text)
     return strcmp(value_text, "stop") == 0 ? stop_test(*record) : start_test(*record, value_text);
 }
 
-int sensor_test(uint8_t level, uint8_t argc, char **argv, const char *target)
+int sensor_test(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    if (!values_given(argc, argv, 2))
+    if (!typed.has_values(2))
         return refuse("Usage: cfgtool -t sensor -d test -v <sensorname> <value> \r\n"
                       "value:  value      start test and set the current value\r\n"
                       "        stop       stop test");
-    if (!change_test(argv[1], argv[2]))
+    if (!change_test(typed.value(0), typed.value(1)))
         return refuse("Sensor test failed, error code: 0x%X", g_error_code);
     say("Sensor test successfully.");
-    log_change("Sensor", "Set sensor(%s) test value(%s) success,EvtCode:0x206002E0", argv[1], argv[2]);
+    log_change("Sensor", "Set sensor(%s) test value(%s) success,EvtCode:0x206002E0", typed.value(0), typed.value(1));
     return 1;
 }

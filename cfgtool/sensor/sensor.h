@@ -2,7 +2,7 @@
 /// measured one. Each finds the sensor by the name in its SDR.
 #pragma once
 
-#include "cli/registry.h"
+#include "ui/invocation.h"
 
 struct threshold {
     const char *dataitem;   // as typed
@@ -26,13 +26,13 @@ inline constexpr threshold upper_nonrecoverable = {
     "uppernonrecoverable", "upper nonrecoverable", "upper non-recoverable", "Upper Non-Recoverable", 5, 0x206002C0};
 
 /// -v SENSOR VALUE, in the sensor's units.
-int set_threshold(const threshold &which, uint8_t level, uint8_t argc, char **argv, const char *target);
+int set_threshold(const threshold &which, const invocation &typed);
 /// The registry's row binds the member: threshold_command<lower_critical>.
 template <const threshold &which>
-int threshold_command(uint8_t level, uint8_t argc, char **argv, const char *target)
+int threshold_command(const invocation &typed)
 {
     static_assert(which.slot < 6, "the thresholds have six mask bits");
-    return set_threshold(which, level, argc, argv, target);
+    return set_threshold(which, typed);
 }
 
 /// -v SENSOR COUNT: a raw count of 0 to 255.

@@ -72,14 +72,14 @@ static int state_failed()
     return 0;
 }
 
-int service_state(uint8_t level, uint8_t argc, char **argv, const char *target)
+int service_state(const invocation &typed)
 {
-    const char *name = argc > 1 ? argv[1] : "", *word = argc > 2 ? argv[2] : "";
+    const char *name = typed.count > 1 ? typed.value(0) : "", *word = typed.count > 2 ? typed.value(1) : "";
     const uint8_t id = service_id(state_table, name);
     const bool enable = strcmp(word, "enabled") == 0;
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return state_failed();
-    if (!values_given(argc, argv, 2) || id == 0 || (!enable && strcmp(word, "disabled") != 0)) {
+    if (!typed.has_values(2) || id == 0 || (!enable && strcmp(word, "disabled") != 0)) {
         print_state_usage();
         return state_failed();
     }
@@ -132,18 +132,18 @@ void log_port_set(uint8_t port_kind, uint32_t port)
         log_change(module, "Set Web Server HTTPS service port(%d) success, EvtCode:0x202001B0", int32_t(port));
 }
 
-int service_port(uint8_t level, uint8_t argc, char **argv, const char *target)
+int service_port(const invocation &typed)
 {
-    if (!values_given(argc, argv, 2)) {  // Kept: before the privilege is asked for
+    if (!typed.has_values(2)) {  // Kept: before the privilege is asked for
         print_port_usage();
         log_change(module, "Set Web Server HTTPS service port fail, EvtCode:0x202001B1");
         return 0;
     }
-    const char *name = argv[1];
+    const char *name = typed.value(0);
     const uint8_t id = service_id(port_table, name);
     const uint8_t port_kind = port_kind_of(name);
-    const uint32_t port = parse_unsigned(argv[2]);
-    if (!check_privilege(level, argc, argv, target))
+    const uint32_t port = parse_unsigned(typed.value(1));
+    if (!check_privilege(typed))
         return port_failed(port_kind, port);
     if (id == 0 || port_kind == 0 || port < 1 || port > UINT16_MAX) {
         print_port_usage();

@@ -1,7 +1,7 @@
 /// The controller's network services: whether each runs, and on which port.
 #pragma once
 
-#include "cli/registry.h"
+#include "ui/invocation.h"
 
 #include <cstdint>
 

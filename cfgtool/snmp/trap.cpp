@@ -77,13 +77,13 @@ static ipmi_outcome set_community(typed_community &community, ipmi_rsp &answer)
     return exchange(request, answer);
 }
 
-int trap_community(uint8_t level, uint8_t argc, char **argv, const char *target)
+int trap_community(const invocation &typed)
 {
     static constexpr uint8_t against_community_rules = 0x84;
     static constexpr char failure[] = "Set SNMP trap community failed, error code: 0x%X";
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    if (argc != 0)
+    if (typed.count != 0)
         return community_usage();
     typed_community community;
     if (!read_new_community(community))
@@ -120,12 +120,12 @@ static uint8_t version_code(const char *text)
     return 0;
 }
 
-int trap_version(uint8_t level, uint8_t argc, char **argv, const char *target)
+int trap_version(const invocation &typed)
 {
     static constexpr const char *shown_as[] = {"", "V1", "V2C", "V3"};
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    const uint8_t code = values_given(argc, argv, 1) ? version_code(argv[1]) : uint8_t(0);
+    const uint8_t code = typed.has_values(1) ? version_code(typed.value(0)) : uint8_t(0);
     if (code == 0)
         return refuse("Usage: cfgtool -t trap -d version -v <V1|V2C|V3>");
     const char *version = shown_as[code];
@@ -141,7 +141,7 @@ int trap_version(uint8_t level, uint8_t argc, char **argv, const char *target)
         return refuse("Set trap %s failed, error code: 0x%X", version, got.error_code(version_selector));
     bracket.close();
     say("Set trap %s success.", version);
-    log_change("Alert", "Set SNMP trap version(%s) success,EvtCode:0x21300790", argv[1]);  // Kept: as typed
+    log_change("Alert", "Set SNMP trap version(%s) success,EvtCode:0x21300790", typed.value(0));  // Kept: as typed
     return 1;
 }
 
@@ -158,14 +158,14 @@ static ipmi_request set_trap_user(const char *name, size_t length)
         .padded(name, unsigned(length));
 }
 
-int trap_user(uint8_t level, uint8_t argc, char **argv, const char *target)
+int trap_user(const invocation &typed)
 {
     static constexpr size_t longest_name = ipmi_request::max_data - 7;  // what the frame has room for
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    if (!values_given(argc, argv, 1) || strlen(argv[1]) > longest_name)
+    if (!typed.has_values(1) || strlen(typed.value(0)) > longest_name)
         return refuse("Usage: cfgtool -t trap -d user -v <username>");
-    const char *name = argv[1];
+    const char *name = typed.value(0);
     ipmi_rsp answer;
     const ipmi_outcome got = exchange(set_trap_user(name, strlen(name)), answer);
     if (got.how == ipmi_outcome::end::no_answer)
@@ -179,11 +179,11 @@ int trap_user(uint8_t level, uint8_t argc, char **argv, const char *target)
 
 // Protocols ---------------------------------------------------------------------------------------------------------
 
-int trap_auth_priv_protocol(uint8_t level, uint8_t argc, char **argv, const char *target)
+int trap_auth_priv_protocol(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    const int32_t option = values_given(argc, argv, 1) ? parse_number(argv[1]) : -1;
+    const int32_t option = typed.has_values(1) ? parse_number(typed.value(0)) : -1;
     if (option < 1 || option > 4)
         return refuse("Usage: cfgtool -t trap -d  auth_priv_protocol -v <option>\r\n"  // Kept: two blanks
                       "Options are:\r\n"
@@ -205,13 +205,13 @@ int trap_auth_priv_protocol(uint8_t level, uint8_t argc, char **argv, const char
 
 // Severity ----------------------------------------------------------------------------------------------------------
 
-int trap_severity(uint8_t level, uint8_t argc, char **argv, const char *target)
+int trap_severity(const invocation &typed)
 {
     static constexpr const char *names[] = {"All", "MinorAlarm", "MajorAlarm", "CriticalAlarm"};
     static constexpr int32_t last = 3;
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    const int32_t option = values_given(argc, argv, 1) ? parse_number(argv[1]) : -1;
+    const int32_t option = typed.has_values(1) ? parse_number(typed.value(0)) : -1;
     if (option < 0 || option > last)
         return refuse("Usage: cfgtool -t trap -d severity -v <option>\r\n"
                       "Options are:\r\n"
@@ -219,7 +219,7 @@ int trap_severity(uint8_t level, uint8_t argc, char **argv, const char *target)
                       "    1    Minor and above\r\n"
                       "    2    Major and above\r\n"
                       "    3    Critical");
-    const auto severity = uint8_t(leading_number(argv[1]));  // Kept: so "0x3" is accepted and sends 0
+    const auto severity = uint8_t(leading_number(typed.value(0)));  // Kept: so "0x3" is accepted and sends 0
 
     lan_bracket bracket;
     if (!bracket.opened())
@@ -245,11 +245,11 @@ static ipmi_request set_trap_mode(uint8_t mode)
     return ipmi_request(netfn_oem, 0x93).oem().u8(0x15).u8(0x01).u8(0x11).u8(0x00).u8(0x00).u8(0x01).u8(mode);
 }
 
-int trap_mode(uint8_t level, uint8_t argc, char **argv, const char *target)
+int trap_mode(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    const int32_t mode = values_given(argc, argv, 1) ? parse_number(argv[1]) : -1;
+    const int32_t mode = typed.has_values(1) ? parse_number(typed.value(0)) : -1;
     if (mode != 0 && mode != 1)
         return refuse("Usage: cfgtool -t trap -d  mode -v <option>\r\n"  // Kept: two blanks
                       "Options are:\r\n"

@@ -1,7 +1,7 @@
 /// What the controller's SNMP trap sender sends, and how.
 #pragma once
 
-#include "cli/registry.h"
+#include "ui/invocation.h"
 
 /// No words: asks for the community, hidden, twice.
 command_handler trap_community;

@@ -78,15 +78,15 @@ int set_trap_dest_address(uint8_t destination, uint8_t type, const uint8_t *byte
     return 1;
 }
 
-int trap_address(uint8_t level, uint8_t argc, char **argv, const char *target)
+int trap_address(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    const uint8_t destination = values_given(argc, argv, 2) ? destination_number(argv[1]) : uint8_t(0);
+    const uint8_t destination = typed.has_values(2) ? destination_number(typed.value(0)) : uint8_t(0);
     if (destination == 0)
         return refuse("Usage: cfgtool -t trap -d address -v <destN(1~4)> <ipaddr>");
-    const bool dotted = strchr(argv[2], '.') != nullptr;  // IPv4 then, whatever else it holds
-    const trap_target address = dotted ? parse_ipv4_target(argv[2]) : parse_ipv6_target(argv[2]);
+    const bool dotted = strchr(typed.value(1), '.') != nullptr;  // IPv4 then, whatever else it holds
+    const trap_target address = dotted ? parse_ipv4_target(typed.value(1)) : parse_ipv6_target(typed.value(1));
     if (address.refusal != nullptr)
         return refuse("%s", address.refusal);
     const hold_signals until_recorded;
@@ -101,15 +101,15 @@ int trap_address(uint8_t level, uint8_t argc, char **argv, const char *target)
 
 // Port --------------------------------------------------------------------------------------------------------------
 
-int trap_port(uint8_t level, uint8_t argc, char **argv, const char *target)
+int trap_port(const invocation &typed)
 {
     static constexpr char usage[] = "Usage: cfgtool -t trap -d port -v <destN(1~4)> <portvalue(1~65535)>";
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    if (!values_given(argc, argv, 2) || strchr(argv[1], '.') != nullptr || strchr(argv[2], '.') != nullptr)
+    if (!typed.has_values(2) || strchr(typed.value(0), '.') != nullptr || strchr(typed.value(1), '.') != nullptr)
         return refuse(usage);
-    const uint8_t destination = destination_number(argv[1]);
-    const int32_t port = leading_number(argv[2]);
+    const uint8_t destination = destination_number(typed.value(0));
+    const int32_t port = leading_number(typed.value(1));
     if (destination == 0 || port < 1 || port > UINT16_MAX)
         return refuse(usage);
 
@@ -184,16 +184,16 @@ int set_trap_dest_state(uint32_t destination, uint8_t state, const char *word)
     return 1;
 }
 
-int trap_state(uint8_t level, uint8_t argc, char **argv, const char *target)
+int trap_state(const invocation &typed)
 {
     static constexpr char usage[] = "Usage: cfgtool -t trap -d state -v [destN(1~4)] <disabled|enabled>";
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    const bool one_destination = values_given(argc, argv, 2);
-    if (!one_destination && !values_given(argc, argv, 1))
+    const bool one_destination = typed.has_values(2);
+    if (!one_destination && !typed.has_values(1))
         return refuse(usage);
-    const uint8_t destination = one_destination ? destination_number(argv[1]) : uint8_t(0);
-    const char *word = argv[one_destination ? 2 : 1];
+    const uint8_t destination = one_destination ? destination_number(typed.value(0)) : uint8_t(0);
+    const char *word = typed.value(one_destination ? 1 : 0);
     const bool enable = strcmp(word, "enabled") == 0;
     if ((one_destination && destination == 0) || (!enable && strcmp(word, "disabled") != 0))
         return refuse(usage);

@@ -1,7 +1,7 @@
 /// The four destinations that SNMP traps go to, and the switches of each and of all.
 #pragma once
 
-#include "cli/registry.h"
+#include "ui/invocation.h"
 
 #include <cstdint>
 #include <span>

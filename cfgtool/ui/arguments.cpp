@@ -4,12 +4,6 @@
 #include <cctype>
 #include <cerrno>
 #include <cstdlib>
-#include <cstring>
-
-bool values_given(uint8_t argc, char **argv, unsigned values)
-{
-    return argc == 1 + values && strcmp(argv[0], "-v") == 0;
-}
 
 static int base_of(const char *text)
 {

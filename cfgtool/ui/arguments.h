@@ -1,10 +1,7 @@
-/// The words behind a dataitem: "-v" and its values, and the numbers among them.
+/// Numbers among the arguments of a command.
 #pragma once
 
 #include <cstdint>
-
-/// Exactly "-v" and `values` words after it.
-bool values_given(uint8_t argc, char **argv, unsigned values);
 
 /// A number: hexadecimal when the text has three characters or more and begins with "0x" or "0X", decimal otherwise,
 /// read as strtol does where long has 32 bits: leading blanks and a sign, 0 for an empty text, 2^31-1 for anything

@@ -192,17 +192,17 @@ static bool enable(uint8_t user)
     return got.ok();
 }
 
-int adduser(uint8_t level, uint8_t argc, char **argv, const char *target)
+int adduser(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return add_failed();
-    if (!values_given(argc, argv, 1) || vos_check_username(argv[1]) != 0) {
+    if (!typed.has_values(1) || vos_check_username(typed.value(0)) != 0) {
         say("cfgtool -d adduser -v <username>\r\n"
             "    contain digits, letters, and characters except colons (:,\\), but cannot start with a number sign (#) "
             "or space.");
         return add_failed();
     }
-    const char *name = argv[1];
+    const char *name = typed.value(0);
     if (verify_caller_password() != 0)
         return add_failed();
     if (is_blank(name)) {
@@ -240,14 +240,14 @@ static int modify_failed(const char *name, uint8_t user)
     return 0;
 }
 
-int password(uint8_t level, uint8_t argc, char **argv, const char *target)
+int password(const invocation &typed)
 {
     static constexpr char failure[] = "Set user password failed, error code: 0x%X";
-    if (!values_given(argc, argv, 1)) {  // no privilege asked for yet: everybody may change their own password
+    if (!typed.has_values(1)) {  // no privilege asked for yet: everybody may change their own password
         say("cfgtool -d password -v <username>");
         return modify_failed();
     }
-    const char *name = argv[1];
+    const char *name = typed.value(0);
     if (verify_caller_password() != 0)
         return modify_failed();
     if (!refresh_user_table()) {
@@ -260,7 +260,7 @@ int password(uint8_t level, uint8_t argc, char **argv, const char *target)
         log_record(log_class_account, module, "Modify user(user%d) password fail,EvtCode:0x11100581", user);
         return 0;
     }
-    if (strcmp(name, user_table[caller_user()].name) != 0 && !check_privilege(level, argc, argv, target))
+    if (strcmp(name, user_table[caller_user()].name) != 0 && !check_privilege(typed))
         return modify_failed(name, user);
 
     typed_password new_password;
@@ -286,15 +286,15 @@ static int delete_failed()
     return 0;
 }
 
-int deluser(uint8_t level, uint8_t argc, char **argv, const char *target)
+int deluser(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return delete_failed();
-    if (!values_given(argc, argv, 1)) {
+    if (!typed.has_values(1)) {
         say("cfgtool -d deluser -v <username>");
         return delete_failed();
     }
-    const char *name = argv[1];
+    const char *name = typed.value(0);
     if (verify_caller_password() != 0 || !refresh_user_table())
         return delete_failed();
     const uint8_t user = find_user(name);

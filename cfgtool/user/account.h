@@ -2,7 +2,7 @@
 /// and leave a record of every outcome.
 #pragma once
 
-#include "cli/registry.h"
+#include "ui/invocation.h"
 
 #include <cstddef>
 

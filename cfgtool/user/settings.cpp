@@ -71,17 +71,17 @@ static int privilege_failed(const char *name, uint8_t user, int32_t privilege)
     return 0;
 }
 
-int privilege(uint8_t level, uint8_t argc, char **argv, const char *target)
+int privilege(const invocation &typed)
 {
     static constexpr char failure[] = "Set user privilege failed, error code: 0x%X";
-    if (!values_given(argc, argv, 2)) {
+    if (!typed.has_values(2)) {
         print_privilege_usage();
         log_record(log_class_account, module, "Modify user privilege fail,EvtCode:0x11100591");
         return 0;
     }
-    const char *name = argv[1];
-    const int32_t wanted = parse_number(argv[2]);
-    if (!check_privilege(level, argc, argv, target) || verify_caller_password() != 0)
+    const char *name = typed.value(0);
+    const int32_t wanted = parse_number(typed.value(1));
+    if (!check_privilege(typed) || verify_caller_password() != 0)
         return privilege_failed(wanted);
     if (!refresh_user_table()) {
         say(failure, g_error_code);
@@ -134,17 +134,17 @@ static int unlock_failed()
     return 0;
 }
 
-int unlock(uint8_t level, uint8_t argc, char **argv, const char *target)
+int unlock(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return unlock_failed();
-    if (!values_given(argc, argv, 1)) {
+    if (!typed.has_values(1)) {
         say("Usage: cfgtool -t user -d unlock -v <username>");
         return unlock_failed();
     }
     if (verify_caller_password() != 0 || !refresh_user_table())
         return unlock_failed();
-    const uint8_t user = find_user(argv[1]);
+    const uint8_t user = find_user(typed.value(0));
     if (user == user_limit) {
         say("Set user unlock failed.");
         log_record(log_class_account, module, "Set user(user%d) unlock status fail,EvtCode:0x11100CC1", user);
@@ -190,12 +190,12 @@ static int complexity_failed(bool enable)
     return 0;
 }
 
-int passwordcomplexity(uint8_t level, uint8_t argc, char **argv, const char *target)
+int passwordcomplexity(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return complexity_failed();
-    const bool enable = values_given(argc, argv, 1) && strcmp(argv[1], "enable") == 0;
-    if (!enable && !(values_given(argc, argv, 1) && strcmp(argv[1], "disable") == 0)) {
+    const bool enable = typed.has_values(1) && strcmp(typed.value(0), "enable") == 0;
+    if (!enable && !(typed.has_values(1) && strcmp(typed.value(0), "disable") == 0)) {
         say("Usage: cfgtool -d passwordcomplexity -v <enable/disable>");
         return complexity_failed();
     }
@@ -213,7 +213,7 @@ int passwordcomplexity(uint8_t level, uint8_t argc, char **argv, const char *tar
     }
     say("Set password complexity check state successfully");
     log_record(log_class_account, module, "%s local user password complexity check success, EvtCode:0x11100BD0",
-               argv[1]);  // Kept: as typed, while the failures capitalise it
+               typed.value(0));  // Kept: as typed, while the failures capitalise it
     return 1;
 }
 
@@ -229,18 +229,18 @@ static ipmi_request set_manage_id(bool more, size_t offset, std::span<const uint
     return request;
 }
 
-int remotemanageid(uint8_t level, uint8_t argc, char **argv, const char *target)
+int remotemanageid(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    if (!values_given(argc, argv, 1))
+    if (!typed.has_values(1))
         return refuse("cfgtool -d remotemanageid -v <id>\r\n"
                       "    Contains 0-64 characters.\r\n"
                       "    Contains any digits, letters, or symbols.\r\n"
                       "    You must add blackslashes (\\) before spaces and the following characters: "
                       "~!@#$%%^&*()-=_+{}[]\\|;:'\"<>?,./\r\n"
                       "    For example, tes\\<a\\|b\\>t.");
-    const char *id = argv[1];
+    const char *id = typed.value(0);
     const size_t length = strlen(id);
     if (length > longest_manage_id)
         return refuse("The length of remotemanageid is too long.\r\n"
@@ -298,11 +298,11 @@ static bool send_serial_number(const char *number, size_t length)
     return true;
 }
 
-int serialnumber(uint8_t level, uint8_t argc, char **argv, const char *target)
+int serialnumber(const invocation &typed)
 {
-    if (!check_privilege(level, argc, argv, target))
+    if (!check_privilege(typed))
         return 0;
-    const size_t length = values_given(argc, argv, 1) ? strlen(argv[1]) : 0;
+    const size_t length = typed.has_values(1) ? strlen(typed.value(0)) : 0;
     if (length == 0 || length > longest_serial_number)
         return refuse("Usage: cfgtool -t smbios -d serialnumber -v <serialnumber> \r\n"
                       "the length of serialnumber is 0<length<23");
@@ -312,7 +312,7 @@ int serialnumber(uint8_t level, uint8_t argc, char **argv, const char *target)
     const ipmi_outcome got = smbios_write_bracket(true, answer);
     if (!got.ok())
         return refuse(serial_failure, got.error_code(0x20));
-    const bool sent = send_serial_number(argv[1], length);
+    const bool sent = send_serial_number(typed.value(0), length);
     smbios_write_bracket(false, answer);
     return sent;
 }

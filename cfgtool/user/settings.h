@@ -1,7 +1,7 @@
 /// The smaller account and identity settings.
 #pragma once
 
-#include "cli/registry.h"
+#include "ui/invocation.h"
 
 /// -v NAME PRIVILEGE: 2 user, 3 operator, 4 administrator, 15 no access.
 command_handler privilege;

@@ -75,7 +75,7 @@ std::string conversation::run(const command_entry *table, const std::string &dat
     for (std::string &word : words)
         argv.push_back(word.data());
     argv.push_back(nullptr);
-    return printed([&] { EXPECT_EQ(row.handler(row.level(), uint8_t(words.size()), argv.data(), nullptr), result); });
+    return printed([&] { EXPECT_EQ(row.handler({row.level(), uint8_t(words.size()), argv.data(), nullptr}), result); });
 }
 
 std::vector<std::string> conversation::logged()

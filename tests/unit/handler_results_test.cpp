@@ -15,6 +15,6 @@ TEST(every_command, returns_0_to_a_caller_without_the_privilege)
             stub.account = 502;
             stub.answer_all = {0x00, 0x11, 0x04, 0x01, 0x12};  // a user of the lowest level
             char *words[] = {nullptr};
-            printed([&] { EXPECT_EQ(row->handler(row->level(), 0, words, nullptr), 0); });
+            printed([&] { EXPECT_EQ(row->handler({row->level(), 0, words, nullptr}), 0); });
         }
 }

@@ -1,4 +1,5 @@
 #include "ui/arguments.h"
+#include "ui/invocation.h"
 
 #include <gtest/gtest.h>
 #include <string>
@@ -92,13 +93,15 @@ TEST(words, leading_number)
         EXPECT_EQ(leading_number(fact.text), fact.number) << '"' << std::string(fact.text).substr(0, 40) << '"';
 }
 
-TEST(words, values_given)
+TEST(words, has_values)
 {
     char dash_v[] = "-v", other[] = "-vv", value[] = "1";
     char *right[] = {dash_v, value, nullptr}, *wrong[] = {other, value, nullptr}, *none[] = {nullptr};
-    EXPECT_TRUE(values_given(2, right, 1));
-    EXPECT_FALSE(values_given(2, right, 2));
-    EXPECT_FALSE(values_given(1, right, 1));
-    EXPECT_FALSE(values_given(2, wrong, 1));
-    EXPECT_FALSE(values_given(0, none, 1));
+    const invocation one_value{4, 2, right, nullptr};
+    EXPECT_TRUE(one_value.has_values(1));
+    EXPECT_FALSE(one_value.has_values(2));
+    EXPECT_STREQ(one_value.value(0), "1");
+    EXPECT_FALSE((invocation{4, 1, right, nullptr}.has_values(1)));
+    EXPECT_FALSE((invocation{4, 2, wrong, nullptr}.has_values(1)));
+    EXPECT_FALSE((invocation{4, 0, none, nullptr}.has_values(1)));
 }
