@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <fcntl.h>
@@ -119,13 +120,14 @@ static const char *severity_text(unsigned severity)
     return severity < 255 ? val_to_str(severity, severities) : "unknown";
 }
 
-/// The seconds for which one date and one offset from UTC hold, and that date with the time looked for last.
-struct local_day {
-    int64_t first = 1, end = 0;  // holds for none yet
+/// Seconds of one date during which the clock runs evenly, and the text of the one shown last.
+struct clock_span {
+    int64_t first = 1, end = 0;  // none yet
     int64_t midnight = 0;
     char text[sizeof "YYYY-MM-DD  HH:MM:SS"] = "";
 
     bool holds(int64_t seconds) const { return first <= seconds && seconds < end; }
+    bool is_one_second() const { return end - first == 1; }
 };
 
 static tm local_time(int64_t seconds)
@@ -136,22 +138,47 @@ static tm local_time(int64_t seconds)
     return broken_down;
 }
 
-/// Most records share their day with the one before, so the conversion is done once a day, and once a second on a day
-/// on which the clock changes.
-static void look_up(int64_t seconds, local_day &day)
+static int second_of_day(const tm &time) { return time.tm_hour * 3600 + time.tm_min * 60 + time.tm_sec; }
+
+/// A rule in TZ ("CET-1CEST,M3.5.0,M10.5.0/3") can change the clock back a second after it changed it. Zones of the
+/// time zone database leave it alone for days.
+static bool clock_has_its_own_rule()
 {
-    static constexpr int64_t seconds_per_day = 86400;
-    const tm now = local_time(seconds);
-    const int64_t utc_day = seconds / seconds_per_day * seconds_per_day;
-    const bool clock_changes = local_time(utc_day).tm_gmtoff != local_time(utc_day + seconds_per_day - 1).tm_gmtoff;
-    day.midnight = seconds - (now.tm_hour * 3600 + now.tm_min * 60 + now.tm_sec);
-    day.first = clock_changes ? seconds : std::max(day.midnight, utc_day);
-    day.end = clock_changes ? seconds + 1 : std::min(day.midnight, utc_day) + seconds_per_day;
-    strftime(day.text, sizeof day.text, "%F  %H:%M:%S", &now);
+    const char *zone = getenv("TZ");
+    return zone != nullptr && strchr(zone, ',') != nullptr;
+}
+
+/// False if the clock changes, counts a leap second or begins a day between these seconds of an hour.
+static bool runs_evenly(int64_t first, int64_t last)
+{
+    return second_of_day(local_time(last)) - second_of_day(local_time(first)) == last - first;
+}
+
+/// A conversion is expensive, and most records share their hour with the one before. So an hour in which the clock runs
+/// evenly is converted once, any other hour second by second.
+static void look_up(int64_t seconds, clock_span &span)
+{
+    static constexpr int64_t seconds_per_hour = 3600;
+    const int64_t hour = seconds / seconds_per_hour * seconds_per_hour;
+    const bool even = !clock_has_its_own_rule() && runs_evenly(hour, hour + seconds_per_hour - 1);
+    span.first = even ? hour : seconds;
+    span.end = span.first + (even ? seconds_per_hour : 1);
+    const tm begin = local_time(span.first);
+    span.midnight = span.first - second_of_day(begin);
+    strftime(span.text, sizeof span.text, "%F  %H:%M:%S", &begin);
+}
+
+static void set_time(clock_span &span, int64_t seconds)
+{
+    const auto of_day = unsigned(seconds - span.midnight);
+    char *const time = span.text + sizeof "YYYY-MM-DD  " - 1;
+    set_two_digits(time, of_day / 3600);
+    set_two_digits(time + 3, of_day / 60 % 60);
+    set_two_digits(time + 6, of_day % 60);
 }
 
 /// Date and time, two blanks between them; nothing for a record that has no time stamp.
-static void put_time(csv_file &csv, const sel_record &record, int32_t offset_s, local_day &day)
+static void put_time(csv_file &csv, const sel_record &record, int32_t offset_s, clock_span &span)
 {
     static constexpr uint32_t last_before_init = 0x1FFFFFFF;
     if (record.type() >= sel_record::first_untimed_type)
@@ -161,14 +188,11 @@ static void put_time(csv_file &csv, const sel_record &record, int32_t offset_s, 
         return;
     }
     const int64_t seconds = int64_t(record.time_stamp()) + offset_s;
-    if (!day.holds(seconds))
-        look_up(seconds, day);
-    const auto of_day = unsigned(seconds - day.midnight);
-    char *const time = day.text + sizeof "YYYY-MM-DD  " - 1;
-    set_two_digits(time, of_day / 3600);
-    set_two_digits(time + 3, of_day / 60 % 60);
-    set_two_digits(time + 6, of_day % 60);
-    csv.put(day.text, sizeof day.text - 1);
+    if (!span.holds(seconds))
+        look_up(seconds, span);
+    if (!span.is_one_second())  // whose text is there, perhaps with second 60
+        set_time(span, seconds);
+    csv.put(span.text, sizeof span.text - 1);
 }
 
 /// What stands for a sensor, made once for each that occurs.
@@ -241,7 +265,7 @@ static void put_event_code(csv_file &csv, unsigned long code)
 /// What lasts from one line to the next.
 struct conversion {
     int32_t offset_s;  // of the controller's time from UTC
-    local_day utc, local;
+    clock_span utc, local;
 };
 
 static void put_line(csv_file &csv, unsigned long id, const sel_record &record, conversion &state)

@@ -1,4 +1,4 @@
-/// The table of a log, where writing it is interrupted or fails.
+/// The table of a log: where writing it is interrupted or fails, and its times in many zones.
 #include "sel/csv.h"
 
 #include "tests/platform/test_folder.h"
@@ -6,6 +6,11 @@
 #include "tests/unit/platform_stub.h"
 
 #include <cerrno>
+#include <cstdlib>
+#include <ctime>
+#include <sstream>
+#include <string>
+#include <vector>
 
 class log_table : public test_folder
 {
@@ -40,5 +45,131 @@ TEST_F(log_table, that_cannot_be_written_is_told)
     for (const int error : {ENOSPC, 0}) {
         const failing_call full("write", error);
         EXPECT_EQ(convert(0), "sel_bin2txt: fwrite " + path("sel.csv") + " failed\r\n");
+    }
+}
+
+// Times -------------------------------------------------------------------------------------------------------------
+
+static std::string by_localtime(int64_t seconds)
+{
+    const auto time = time_t(seconds);
+    tm broken_down{};
+    localtime_r(&time, &broken_down);
+    char text[32];
+    strftime(text, sizeof text, "%F  %H:%M:%S", &broken_down);
+    return text;
+}
+
+static std::vector<std::string> columns_of(const std::string &line)
+{
+    std::vector<std::string> columns;
+    std::istringstream text(line);
+    for (std::string column; std::getline(text, column, ',');)
+        columns.push_back(column);
+    return columns;
+}
+
+class log_times : public log_table
+{
+protected:
+    static constexpr int offset_min = 37;
+
+    void TearDown() override
+    {
+        unsetenv("TZ");
+        tzset();
+        log_table::TearDown();
+    }
+    static void move_to(const char *zone)
+    {
+        setenv("TZ", zone, 1);
+        tzset();
+    }
+    /// The lines of the table of a log with records of these seconds, in their order.
+    std::vector<std::string> table_of(const std::vector<uint32_t> &stamps)
+    {
+        std::string log;
+        for (auto stamp = stamps.rbegin(); stamp != stamps.rend(); ++stamp) {
+            log += std::string("\0\0\xC0", 3);
+            for (unsigned shift = 0; shift < 32; shift += 8)
+                log += char(*stamp >> shift);
+            log += std::string(9, '\0');
+        }
+        write("sel.bin", log);
+        stub.file_length = long(log.size());
+        stub.answer_all = {0x00, offset_min, 0x00};
+        EXPECT_EQ(convert(1), "");
+
+        std::vector<std::string> lines;
+        std::istringstream table(contents(path("sel.csv")));
+        for (std::string line; std::getline(table, line);)
+            lines.push_back(line);
+        lines.erase(lines.begin());
+        return lines;
+    }
+    void expect_localtime(const std::vector<uint32_t> &stamps)
+    {
+        const std::vector<std::string> lines = table_of(stamps);
+        ASSERT_EQ(lines.size(), stamps.size());
+        for (size_t n = 0; n < stamps.size(); ++n) {
+            const std::vector<std::string> columns = columns_of(lines[n]);
+            ASSERT_EQ(columns[2], by_localtime(stamps[n])) << stamps[n];
+            ASSERT_EQ(columns[3], by_localtime(stamps[n] + offset_min * 60)) << stamps[n];
+        }
+    }
+};
+
+struct moment {
+    const char *zone;
+    uint32_t second;
+    const char *shown;
+};
+static const moment odd_moments[] = {
+    {"UTC", 1709251200, "2024-03-01  00:00:00"},
+    {"XST3:30", 1735702200, "2025-01-01  00:00:00"},
+    {"Asia/Kathmandu", 1714932900, "2024-05-06  00:00:00"},
+    // Leap seconds
+    {"right/UTC", 1483228826, "2016-12-31  23:59:60"},
+    {"right/Asia/Tokyo", 1483228826, "2017-01-01  08:59:60"},
+    {"right/Asia/Tokyo", 1483228827, "2017-01-01  09:00:00"},
+    // Changes on the hour of UTC, within it, by half an hour, by a day, and beyond the last one in the zone's file
+    {"Europe/Berlin", 1711846800, "2024-03-31  03:00:00"},
+    {"America/St_Johns", 1710048600, "2024-03-10  03:00:00"},
+    {"Australia/Lord_Howe", 1712415600, "2024-04-07  01:30:00"},
+    {"Pacific/Apia", 1325239200, "2011-12-31  00:00:00"},
+    {"Europe/Berlin", 2531955600, "2050-03-27  03:00:00"},
+    // Forth and back on one day: for nine hours, for a second
+    {"AAA0BBB,J100/2,J100/12", 1712714400, "2024-04-10  03:00:00"},
+    {"AAA0BBB,J100/2,J100/12", 1712746800, "2024-04-10  11:00:00"},
+    {"AAA0BBB,J100/2:30,J100/3:30:01", 1712716200, "2024-04-10  03:30:00"},
+    {"AAA0BBB,J100/2:30,J100/3:30:01", 1712716201, "2024-04-10  02:30:01"},
+};
+
+TEST_F(log_times, match_localtime_second_by_second_around_odd_moments)
+{
+    static constexpr uint32_t around_s = 2000;  // more than half an hour
+    for (const moment &one : odd_moments) {
+        SCOPED_TRACE(one.zone);
+        move_to(one.zone);
+        std::vector<uint32_t> stamps;
+        for (uint32_t stamp = one.second + around_s; stamp >= one.second - around_s; --stamp)
+            stamps.push_back(stamp);
+        EXPECT_EQ(columns_of(table_of({one.second}).front())[2], one.shown);
+        expect_localtime(stamps);
+    }
+}
+
+TEST_F(log_times, match_localtime_throughout_a_year)
+{
+    static constexpr uint32_t year_2016 = 1451606400, year_2017 = 1483228800, step_s = 3571;  // no divisor of a day
+    for (const char *zone : {"UTC", "right/UTC", "right/Europe/London", "America/Caracas", "Asia/Kolkata",
+                             "Africa/Casablanca", "Pacific/Chatham", "Antarctica/Troll", "CET-1CEST", "UTC-23:59:59",
+                             "AAA0BBB,J100/2,J100/12", "AAA0BBB-24,J1/0,J365/25"}) {
+        SCOPED_TRACE(zone);
+        move_to(zone);
+        std::vector<uint32_t> stamps;
+        for (uint32_t stamp = year_2016; stamp < year_2017; stamp += step_s)
+            stamps.push_back(stamp);
+        expect_localtime(stamps);
     }
 }

@@ -353,6 +353,52 @@ ID,Severity,Generation Time(UTC),Generation Time(LOCAL),Sensor,Event Description
 END
 do end
 
+# time zone: one that counts leap seconds shows second 60, and the next second comes a second later
+env TZ=right/UTC
+file /data/share/sel/sel.bin hex 00 00 C0 99 46 68 58 00*9 00 00 C0 9A 46 68 58 00*9 00 00 C0 9B 46 68 58 00*9
+$ cfgtool -t maintenance -d zntool
+do bring the live log
+> 0A 5C < 00 3C 00
+do pack
+packed sel.csv 640 <<END
+ID,Severity,Generation Time(UTC),Generation Time(LOCAL),Sensor,Event Description,Event Code,Status
+3,Ok,2017-01-01  00:00:00,2017-01-01  01:00:00,000000,,00000000,Asserted
+2,Ok,2016-12-31  23:59:60,2017-01-01  00:59:59,000000,,00000000,Asserted
+1,Ok,2016-12-31  23:59:59,2017-01-01  00:59:58,000000,,00000000,Asserted
+END
+do end
+
+# time zone: a leap second in the middle of the day there
+env TZ=right/Asia/Tokyo
+file /data/share/sel/sel.bin hex 00 00 C0 99 46 68 58 00*9 00 00 C0 9A 46 68 58 00*9 00 00 C0 9B 46 68 58 00*9
+$ cfgtool -t maintenance -d zntool
+do bring the live log
+> 0A 5C < 00 00 00
+do pack
+packed sel.csv 640 <<END
+ID,Severity,Generation Time(UTC),Generation Time(LOCAL),Sensor,Event Description,Event Code,Status
+3,Ok,2017-01-01  09:00:00,2017-01-01  09:00:00,000000,,00000000,Asserted
+2,Ok,2017-01-01  08:59:60,2017-01-01  08:59:60,000000,,00000000,Asserted
+1,Ok,2017-01-01  08:59:59,2017-01-01  08:59:59,000000,,00000000,Asserted
+END
+do end
+
+# time zone: clocks that go forward at 2 in the morning and back at noon of the same day
+env TZ=AAA0BBB,J100/2,J100/12
+file /data/share/sel/sel.bin hex 00 00 C0 9F F2 15 66 00*9 00 00 C0 A0 F2 15 66 00*9 00 00 C0 2F 71 16 66 00*9 00 00 C0 30 71 16 66 00*9
+$ cfgtool -t maintenance -d zntool
+do bring the live log
+> 0A 5C < 00 00 00
+do pack
+packed sel.csv 640 <<END
+ID,Severity,Generation Time(UTC),Generation Time(LOCAL),Sensor,Event Description,Event Code,Status
+4,Ok,2024-04-10  11:00:00,2024-04-10  11:00:00,000000,,00000000,Asserted
+3,Ok,2024-04-10  11:59:59,2024-04-10  11:59:59,000000,,00000000,Asserted
+2,Ok,2024-04-10  03:00:00,2024-04-10  03:00:00,000000,,00000000,Asserted
+1,Ok,2024-04-10  01:59:59,2024-04-10  01:59:59,000000,,00000000,Asserted
+END
+do end
+
 steps long log
 do bring the live log
 > 0A 5C < 00 00 00
