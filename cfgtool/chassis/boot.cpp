@@ -18,8 +18,7 @@ static void take_back_clear_cmos()
     if (!get_boot_flags(flags))
         return;
     flags.byte2() &= uint8_t(~boot_flags::clear_cmos);
-    ipmi_rsp answer;
-    exchange(set_boot_flags(flags), answer);
+    exchange(set_boot_flags(flags));
 }
 
 int clearcmos(const invocation &typed)
@@ -39,11 +38,10 @@ int clearcmos(const invocation &typed)
     if (!set_boot_option_progress(1))
         return refuse(failure, g_error_code);
     flags.byte2() |= boot_flags::clear_cmos;
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_boot_flags(flags), answer);
+    const ipmi_answer got = exchange(set_boot_flags(flags));
     if (!got.ok())
         say(failure, got.error_code());
-    if (got.how == ipmi_outcome::end::refused) {
+    if (got.refused()) {
         set_boot_option_progress(0);
         return 0;
     }
@@ -109,9 +107,8 @@ int bootdevice(const invocation &typed)
     if (!set_boot_option_progress(1))
         return refuse(failure, g_error_code);
     flags.byte2() = uint8_t((flags.byte2() & ~boot_flags::device_mask) | device->option << 2);
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_boot_flags(flags), answer);
-    if (got.how == ipmi_outcome::end::refused) {
+    const ipmi_answer got = exchange(set_boot_flags(flags));
+    if (got.refused()) {
         set_boot_option_progress(0);
         return refuse(failure, got.error_code(boot_option_flags));
     }
@@ -151,11 +148,10 @@ int bioswriteprotect(const invocation &typed)
     const hold_signals until_closed;
     if (!set_boot_option_progress(1))
         return protection_failed(enable);
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_boot_option(boot_option_bios_protect).u8(uint8_t(option)), answer);
+    const ipmi_answer got = exchange(set_boot_option(boot_option_bios_protect).u8(uint8_t(option)));
     if (!got.ok())
         protection_failed(enable);
-    if (got.how == ipmi_outcome::end::refused) {
+    if (got.refused()) {
         set_boot_option_progress(0);
         return 0;
     }

@@ -19,9 +19,8 @@ static ipmi_request set_sel_time_utc_offset(uint16_t offset) { return ipmi_reque
 /// the bare completion code.
 static int set_utc_offset(int offset)
 {
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_sel_time_utc_offset(uint16_t(offset)), answer);
-    if (got.how == ipmi_outcome::end::refused)
+    const ipmi_answer got = exchange(set_sel_time_utc_offset(uint16_t(offset)));
+    if (got.refused())
         g_error_code = got.completion;
     return got.ok();
 }
@@ -142,8 +141,7 @@ static int set_clock(int zone, tm &calendar)
         return refuse("Parameter invalid..");
     if (!set_utc_offset(zone))  // Kept: in hours, where the controller keeps minutes
         return refuse("Set system time failed, error code: 0x%X", g_error_code);
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_sel_time(uint32_t(converted - time_t(zone) * 3600)), answer);
+    const ipmi_answer got = exchange(set_sel_time(uint32_t(converted - time_t(zone) * 3600)));
     if (!got.ok())
         return refuse(time_failure, got.error_code());
     say("Set ipmc time successfully.");

@@ -41,15 +41,13 @@ static ipmi_request get_black_box_enabled()
 
 static bool black_box_is_enabled()
 {
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(get_black_box_enabled(), answer);
+    const ipmi_answer got = exchange(get_black_box_enabled());
     return got.ok() && ipmi_reader(got.data).skip(4).u8() != 0;
 }
 
 static bool black_box_has_data()
 {
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(collection_request(black_box, size_action), answer);
+    const ipmi_answer got = exchange(collection_request(black_box, size_action));
     return got.ok() && ipmi_reader(got.data).skip(4).u32le() != 0;
 }
 
@@ -73,8 +71,7 @@ static constexpr char start_failure[] = "Command send failed, error code: 0x%X";
 /// Kept: a failure counts as success, but for its record.
 static int request_only(const collection &wanted)
 {
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(collection_request(wanted.option, start_action), answer);
+    const ipmi_answer got = exchange(collection_request(wanted.option, start_action));
     if (got.ok())
         return collected(wanted);
     say(start_failure, got.error_code());
@@ -87,9 +84,8 @@ static int follow(const collection &wanted)
     static constexpr uint8_t done = 0, in_progress = 1;
     for (;;) {
         vos_task_delay(500);
-        ipmi_rsp answer;
-        const ipmi_outcome got = exchange(collection_request(wanted.option, progress_action), answer);
-        if (got.how == ipmi_outcome::end::no_answer) {
+        const ipmi_answer got = exchange(collection_request(wanted.option, progress_action));
+        if (got.unanswered()) {
             say("recv ipmi msg  fail, g_error_code=%d ", int(g_error_code));
             return failed(wanted, 0);
         }
@@ -114,8 +110,7 @@ static int follow(const collection &wanted)
 static int start_and_follow(const collection &wanted)
 {
     static constexpr uint8_t no_data = 0xCB, other_user = 0xC0;
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(collection_request(wanted.option, start_action), answer);
+    const ipmi_answer got = exchange(collection_request(wanted.option, start_action));
     if (got.refused_with(no_data)) {
         say("There is no SOL data!");  // Kept: for the black box too
         return 1;

@@ -43,12 +43,11 @@ static void show_level(uint8_t level)
 /// Shows the mode and, unless it is automatic, the level. 1 = shown, 0 = no answer, else the completion code.
 static int show_fan_status()
 {
-    ipmi_rsp answer;
-    ipmi_outcome got = exchange(get_fan_mode(), answer);
-    if (!got.ok())
-        return got.completion;
+    const ipmi_answer shown_mode = exchange(get_fan_mode());
+    if (!shown_mode.ok())
+        return shown_mode.completion;
 
-    ipmi_reader status(got.data);
+    ipmi_reader status(shown_mode.data);
     const uint8_t mode = status.skip(3).u8();  // behind the enterprise number
     const uint32_t timeout_s = status.u32le();
     const bool forever = status.u8() == 1;
@@ -61,10 +60,10 @@ static int show_fan_status()
     else if (mode == mode_manual)
         say("Current Mode:        manual, timeout %u seconds.", timeout_s);
 
-    got = exchange(get_fan_level(), answer);
-    if (!got.ok())
-        return got.completion;
-    show_level(ipmi_reader(got.data).skip(1).u8());  // behind the PICMG identifier
+    const ipmi_answer level = exchange(get_fan_level());
+    if (!level.ok())
+        return level.completion;
+    show_level(ipmi_reader(level.data).skip(1).u8());  // after the PICMG identifier
     return 1;
 }
 
@@ -90,8 +89,7 @@ int fanmode(const invocation &typed)
     if (mode == mode_auto && timeout_given)
         return refuse(fanmode_usage);
 
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(mode == mode_auto ? set_fan_mode_auto() : set_fan_mode_manual(timeout_s), answer);
+    const ipmi_answer got = exchange(mode == mode_auto ? set_fan_mode_auto() : set_fan_mode_manual(timeout_s));
     if (!got.ok())
         return refuse("Set fan mode failed, error code: 0x%X", got.error_code());
 
@@ -119,8 +117,7 @@ int fanlevel(const invocation &typed)
     if (percent > 100)
         return refuse("The highest fanlevel is 100 percent.");
 
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_fan_level(uint8_t(percent)), answer);
+    const ipmi_answer got = exchange(set_fan_level(uint8_t(percent)));
     if (!got.ok())
         return refuse("Set fan level  failed, error code: 0x%X", got.error_code());  // Kept: two blanks
 

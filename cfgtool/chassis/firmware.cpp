@@ -81,11 +81,10 @@ static bool initiate(const char *path)
     static constexpr uint8_t already_upgrading = 0x80;
     const size_t length = strlen(path);
     for (size_t offset = 0; offset < length; offset += chunk_size) {
-        ipmi_rsp answer;
-        const ipmi_outcome got = exchange(initiate_request(path, length, offset), answer);
+        const ipmi_answer got = exchange(initiate_request(path, length, offset));
         if (got.ok())
             continue;
-        if (got.how == ipmi_outcome::end::no_answer)
+        if (got.unanswered())
             say("send upgrade cmd faild!");  // Kept: spelled so
         else if (got.refused_with(already_upgrading))
             say("Upgrade in progress.");
@@ -135,7 +134,7 @@ static upgrade_status read_status(std::span<const uint8_t> data)
     return {(progress & 0x80) != 0, uint8_t(progress & 0x7F), state, component, extended_error};
 }
 
-static void tell_refusal(const ipmi_outcome &got)
+static void tell_refusal(const ipmi_answer &got)
 {
     const upgrade_status status = read_status(got.data);
     switch (got.completion & 0x7F) {
@@ -172,9 +171,8 @@ static void tell_progress(const upgrade_status &status)
 static bool follow()
 {
     for (bool started = false;;) {
-        ipmi_rsp answer;
-        const ipmi_outcome got = exchange(upgrade_request(status_action), answer);
-        if (got.how == ipmi_outcome::end::no_answer)
+        const ipmi_answer got = exchange(upgrade_request(status_action));
+        if (got.unanswered())
             return refuse("recv ipmi msg  fail, g_error_code=%d ", int(g_error_code)) != 0;
         if (!got.ok()) {
             tell_refusal(got);
@@ -202,14 +200,13 @@ static bool follow()
 /// Has the controller activate the image and reboot.
 static void finish()
 {
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(upgrade_request(finish_action), answer);
+    const ipmi_answer got = exchange(upgrade_request(finish_action));
     const char *component = component_name(current_component);
     if (got.ok()) {
         log_change(module, "Finish upgrade firmware(%s) success,EvtCode:0x20B00B60", component);
         return;
     }
-    if (got.how == ipmi_outcome::end::refused)
+    if (got.refused())
         say("Finish upgrade failed, error code: 0x%X", got.error_code(0x06));
     log_change(module, "Finish upgrade firmware(%s) fail,EvtCode:0x20B00B61", component);
     say("finish upgrade failed!");
@@ -254,9 +251,8 @@ int rollback(const invocation &typed)
 {
     if (!check_privilege(typed) || !ask_confirm_with_warning())
         return rollback_failed();
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(initiate_manual_rollback(), answer);
-    if (got.how == ipmi_outcome::end::no_answer) {
+    const ipmi_answer got = exchange(initiate_manual_rollback());
+    if (got.unanswered()) {
         say("Set rollback failed,error code: 0x%X", g_error_code);  // Kept: no blank after the comma
         return rollback_failed();
     }

@@ -74,8 +74,7 @@ static int find_led(const char *name, uint8_t general_leds, uint8_t application_
 /// Asks the controller for its LEDs and finds the one named; -1 = told why not.
 static int resolve_led(const char *name)
 {
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(get_fru_led_properties(), answer);
+    const ipmi_answer got = exchange(get_fru_led_properties());
     if (!got.ok()) {
         say(failure, got.error_code());
         return -1;
@@ -166,8 +165,7 @@ int ledstate(const invocation &typed)
         return print_usage();
     }
 
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_fru_led_state(uint8_t(led), order), answer);
+    const ipmi_answer got = exchange(set_fru_led_state(uint8_t(led), order));
     if (!got.ok())
         return refuse(failure, got.error_code());
     say("Set led state successfully.");

@@ -224,8 +224,7 @@ int httphost(const invocation &typed)
     for (size_t offset = 0; offset < length; offset += host_chunk) {
         const bool more = length - offset > host_chunk;
         const size_t size = std::min(length - offset, host_chunk);
-        ipmi_rsp answer;
-        const ipmi_outcome got = exchange(set_http_host(more, offset, host + offset, size), answer);
+        const ipmi_answer got = exchange(set_http_host(more, offset, host + offset, size));
         if (!got.ok())
             return refuse("Set httphost %s failed, error code: 0x%X", host, got.error_code(uint8_t(OEM_IANA >> 8)));
     }

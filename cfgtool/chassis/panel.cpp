@@ -55,8 +55,7 @@ int identify(const invocation &typed)
 
     // Kept: a time above 255 is no error, it is taken modulo 256.
     const identify_wish wish = typed.count == 0 ? default_interval() : force ? steady() : interval(uint8_t(seconds));
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(wish.request, answer);
+    const ipmi_answer got = exchange(wish.request);
     if (!got.ok())
         return refuse("Identify UID led failed, error code: 0x%X", got.error_code());
     log_change("LED", "%s", wish.record);
@@ -96,9 +95,8 @@ int serialdir(const invocation &typed)
         return 0;  // Kept: taken, and nothing done
 
     const serial_direction &direction = serial_directions[option];
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_serial_direction(direction.code), answer);
-    if (got.how == ipmi_outcome::end::no_answer)
+    const ipmi_answer got = exchange(set_serial_direction(direction.code));
+    if (got.unanswered())
         return refuse("Set serial direction failed, error code: 0x%X.", g_error_code);
     if (!got.ok())
         return refuse("Set serial port direction failed, error code: 0x%X.", got.error_code());
@@ -126,9 +124,8 @@ int printscreen(const invocation &typed)
     if (wake_up && strcmp(typed.value(0), "wakeup") != 0)  // Kept: the first word is not looked at
         return refuse("Usage: cfgtool -d printscreen [-v wakeup]");
 
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(save_screen_snapshot(wake_up), answer);
-    if (got.how == ipmi_outcome::end::refused)
+    const ipmi_answer got = exchange(save_screen_snapshot(wake_up));
+    if (got.refused())
         return refuse("Set printscreen failed, error code: 0x%X", got.error_code(uint8_t(OEM_IANA & 0xFF)));
     if (got.ok())
         say("Set printscreen successfully.");

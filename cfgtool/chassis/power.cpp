@@ -74,9 +74,8 @@ int powerstate(const invocation &typed)
     if (!ask_confirm_with_warning())
         return log_nothing_chosen();
 
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(chassis_control(action->code), answer);
-    if (got.how == ipmi_outcome::end::no_answer)
+    const ipmi_answer got = exchange(chassis_control(action->code));
+    if (got.unanswered())
         say("Control power %s failed, error code: 0x%X", action->words, g_error_code);
     if (got.refused_with(not_in_present_state))  // Kept: no carriage return, and nothing for any other refusal
         say_raw("Set Power Control(power %s)failed: Command not supported in present state\n", action->words);
@@ -103,9 +102,8 @@ int frucontrol(const invocation &typed)
     if (!ask_confirm_with_warning())
         return log_failure(action->failure);
 
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(fru_control(fru0, action->code), answer);
-    if (got.how == ipmi_outcome::end::no_answer)
+    const ipmi_answer got = exchange(fru_control(fru0, action->code));
+    if (got.unanswered())
         say("FRU control fru%d (%s) failed, error code: 0x%X", fru0, action->words, g_error_code);
     if (got.refused_with(not_in_present_state))  // Kept: no carriage return, and nothing for any other refusal
         say_raw("Set fru%d Power Control(%s)failed: Command not supported in present state\n", fru0, action->words);
@@ -130,9 +128,8 @@ int shutdowntimeout(const invocation &typed)
     if (!set_boot_option_progress(1))
         return refuse(failure, g_error_code);
     const auto timeout_100ms = uint16_t(timeout_s * 10);
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_boot_option(boot_option_shutdown_timeout).u16le(timeout_100ms), answer);
-    if (got.how == ipmi_outcome::end::refused) {
+    const ipmi_answer got = exchange(set_boot_option(boot_option_shutdown_timeout).u16le(timeout_100ms));
+    if (got.refused()) {
         set_boot_option_progress(0);
         return refuse(failure, got.error_code(boot_option_shutdown_timeout));
     }

@@ -23,8 +23,7 @@ int reset(const invocation &typed)
     if (!ask_confirm("This operation will reboot IPMC system. Continue? [Y/N]:"))
         return 0;
 
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(cold_reset(), answer);
+    const ipmi_answer got = exchange(cold_reset());
     if (!got.ok())
         return refuse("Reset failed, error code: 0x%X", got.error_code());
     say("Resetting...");
@@ -50,8 +49,7 @@ static void wait_for_erasure(uint16_t reservation)
     for (;;) {
         vos_task_delay_us(100000);
         say_now(".");
-        ipmi_rsp answer;
-        const ipmi_outcome got = exchange(clear_sel(reservation, get_erasure_status), answer);
+        const ipmi_answer got = exchange(clear_sel(reservation, get_erasure_status));
         if (!got.ok() || (ipmi_reader(got.data).u8() & 0x3F) == erasure_completed)
             return;
     }
@@ -67,14 +65,13 @@ int sel(const invocation &typed)
     if (!ask_confirm_with_warning())
         return 0;
 
-    ipmi_rsp answer;
-    ipmi_outcome got = exchange(reserve_sel(), answer);
-    if (!got.ok())
-        return refuse(failure, got.error_code());
-    const uint16_t reservation = ipmi_reader(got.data).u16le();
-    got = exchange(clear_sel(reservation, initiate_erase), answer);
-    if (!got.ok())
-        return refuse(failure, got.error_code());
+    const ipmi_answer reserved = exchange(reserve_sel());
+    if (!reserved.ok())
+        return refuse(failure, reserved.error_code());
+    const uint16_t reservation = ipmi_reader(reserved.data).u16le();
+    const ipmi_answer erasing = exchange(clear_sel(reservation, initiate_erase));
+    if (!erasing.ok())
+        return refuse(failure, erasing.error_code());
 
     say_now("Clear sel .");
     wait_for_erasure(reservation);

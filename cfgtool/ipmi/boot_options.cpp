@@ -11,8 +11,7 @@ int set_boot_option_progress(uint8_t value)
     static constexpr uint8_t already_in_progress = 0x81;
     if (value > 1)
         return 0;
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_boot_option(boot_option_set_in_progress).u8(value), answer);
+    const ipmi_answer got = exchange(set_boot_option(boot_option_set_in_progress).u8(value));
     if (got.ok() || got.refused_with(already_in_progress))
         return 1;
     g_error_code = got.error_code(value);
@@ -28,8 +27,7 @@ int get_boot_flags(boot_flags &flags)
 {
     static constexpr size_t header = 2;  // parameter version, parameter number
     flags = {};
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(get_boot_option(boot_option_flags), answer);
+    const ipmi_answer got = exchange(get_boot_option(boot_option_flags));
     // Up to five bytes of the parameter, and perhaps the frame's checksum, which nobody counts on.
     const bool right_length = got.data.size() > header && got.data.size() <= header + sizeof flags.byte + 1;
     if (got.ok() && right_length && (got.data[1] & 0x7F) == boot_option_flags) {

@@ -17,9 +17,8 @@ int lan_set_in_progress(uint8_t value)
     static constexpr uint8_t set_in_progress = 0x00;
     if (value > 1)
         return 0;
-    ipmi_rsp answer;
     // Kept: the one channel, for the other port too.
-    const ipmi_outcome got = exchange(set_lan_parameter(lan_channel, set_in_progress).u8(value), answer);
+    const ipmi_answer got = exchange(set_lan_parameter(lan_channel, set_in_progress).u8(value));
     if (got.ok())
         return 1;
     g_error_code = got.error_code(value);  // Kept: the value, where all others show the selector

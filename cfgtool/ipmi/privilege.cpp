@@ -30,9 +30,8 @@ static const char *refusal(uid_t account, uint8_t level)
     if (account <= account_base || account - account_base > UINT8_MAX)  // a user number is one byte
         return insufficient;
 
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(get_user_access(lan_channel, uint8_t(account - account_base)), answer);
-    if (got.how == ipmi_outcome::end::no_answer)
+    const ipmi_answer got = exchange(get_user_access(lan_channel, uint8_t(account - account_base)));
+    if (got.unanswered())
         return "send 'Get User Access Command' failed!";
     if (!got.ok()) {
         g_error_code = got.error_code();

@@ -124,8 +124,7 @@ static void note_as_read(uint16_t record) { headers_read[record / 8] |= uint8_t(
 
 static bool reserve(sdr_iterator &store)
 {
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(ipmi_request(source().netfn, source().reserve), answer);
+    const ipmi_answer got = exchange(ipmi_request(source().netfn, source().reserve));
     if (!got.ok()) {
         g_error_code = got.error_code();
         return false;
@@ -146,8 +145,7 @@ static bool renew_reservation(sdr_iterator &store)
 static bool choose_source()
 {
     static constexpr uint8_t provides_device_sdrs = 0x80, is_repository = 0x02, is_sensor_device = 0x01;
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(ipmi_request(netfn_app, 0x01), answer);  // Get Device ID
+    const ipmi_answer got = exchange(ipmi_request(netfn_app, 0x01));  // Get Device ID
     if (!got.ok()) {
         g_error_code = got.error_code();
         return false;
@@ -175,9 +173,8 @@ static bool choose_source()
 static bool read_device_sdr_info(sdr_iterator &store)
 {
     static constexpr uint8_t sdr_count = 0x01;
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(ipmi_request(source().netfn, source().info).u8(sdr_count), answer);
-    if (got.how == ipmi_outcome::end::no_answer)
+    const ipmi_answer got = exchange(ipmi_request(source().netfn, source().info).u8(sdr_count));
+    if (got.unanswered())
         return false;
     if (!got.ok() || got.data.empty()) {
         tell("Err in cmd get sensor sdr info");
@@ -190,8 +187,7 @@ static bool read_device_sdr_info(sdr_iterator &store)
 
 static bool read_repository_info(sdr_iterator &store)
 {
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(ipmi_request(source().netfn, source().info), answer);
+    const ipmi_answer got = exchange(ipmi_request(source().netfn, source().info));
     if (!got.ok()) {
         g_error_code = got.error_code();
         return false;
@@ -238,15 +234,38 @@ static ipmi_request read_record(const sdr_iterator &store, uint16_t record, uint
     return ipmi_request(source().netfn, source().read).u16le(store.reservation).u16le(record).u8(offset).u8(count);
 }
 
-/// Asks for the header up to five times. False = it is not to be had, and g_error_code says why.
-static bool ask_for_header(sdr_iterator &store, ipmi_rsp &answer, ipmi_outcome &got)
+/// What an error code shows of a reading request.
+static uint32_t reading_code(uint8_t completion)
 {
+    return uint32_t(source().netfn) << 24 | uint32_t(source().read) << 16 | completion;
+}
+
+static sdr_header header_of(std::span<const uint8_t> data)
+{
+    ipmi_reader fields(data);
+    sdr_header header;
+    header.next_record = fields.u16le();
+    header.id = fields.u16le();
+    header.version = fields.u8();
+    header.type = fields.u8();
+    header.length = fields.u8();
+    return header;
+}
+
+/// Asks for the next record's header up to five times. False = the controller does not give it, and g_error_code says
+/// why.
+static bool ask_for_header(sdr_iterator &store, sdr_header &header)
+{
+    uint8_t completion = 0;
     for (int attempt = 0; attempt < 5; ++attempt) {
-        got = exchange(read_record(store, store.next_record, 0, header_length), answer);
-        if (got.ok())
+        const ipmi_answer got = exchange(read_record(store, store.next_record, 0, header_length));
+        if (got.ok()) {
+            header = header_of(got.data);
             return true;
-        if (got.how == ipmi_outcome::end::no_answer)
+        }
+        if (got.unanswered())
             return false;
+        completion = got.completion;
         if (got.refused_with(reservation_cancelled)) {
             sdr_diagnose("SDR reservation %04x cancelled. Sleeping a bit and retrying...", store.reservation);
             if (!renew_reservation(store)) {
@@ -258,7 +277,7 @@ static bool ask_for_header(sdr_iterator &store, ipmi_rsp &answer, ipmi_outcome &
                          completion_text(got.completion, got.netfn, got.command));
         }
     }
-    g_error_code = got.error_code();
+    g_error_code = reading_code(completion);
     return false;
 }
 
@@ -269,20 +288,11 @@ static const sdr_header *sdr_get_next_header(sdr_iterator &store)
     static sdr_header header;
     if (store.next_record == last_record || was_read(store.next_record))
         return nullptr;
-    ipmi_rsp answer;
-    ipmi_outcome got{};
-    if (!ask_for_header(store, answer, got))
+    if (!ask_for_header(store, header))
         return nullptr;
     note_as_read(store.next_record);
-
-    ipmi_reader fields(got.data);
-    header.next_record = fields.u16le();
-    header.id = fields.u16le();
-    header.version = fields.u8();
-    header.type = fields.u8();
-    header.length = fields.u8();
     if (header.length == 0) {
-        g_error_code = got.error_code();
+        g_error_code = reading_code(0);
         return nullptr;
     }
     if (header.id != store.next_record) {
@@ -316,14 +326,13 @@ static bool fill_body(uint8_t *body, const sdr_header &header, sdr_iterator &sto
     unsigned position = 0;
     while (position < header.length) {
         if (sdr_read_size == 0) {  // refused down to nothing, perhaps at an earlier record
-            g_error_code = uint32_t(source().netfn) << 24 | uint32_t(source().read) << 16 | cannot_return_bytes;
+            g_error_code = reading_code(cannot_return_bytes);
             return false;
         }
         const unsigned size = std::min(header.length - position, sdr_read_size);
         const unsigned offset = (position & 0xFF) + header_length;
         sdr_diagnose("Getting %d bytes from SDR at offset %d", int(size), int(offset));
-        ipmi_rsp answer;
-        const ipmi_outcome got = exchange(read_record(store, header.id, uint8_t(offset), uint8_t(size)), answer);
+        const ipmi_answer got = exchange(read_record(store, header.id, uint8_t(offset), uint8_t(size)));
         if (got.refused_with(reservation_cancelled)) {
             sdr_diagnose("SDR reservation cancelled. Sleeping a bit and retrying...");
             if (!renew_reservation(store))  // as often as it takes, unlike for a header

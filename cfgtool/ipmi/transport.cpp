@@ -111,41 +111,33 @@ int ipmi_send_recv_patient(const ipmi_msg *request, ipmi_rsp *response, uint8_t 
     return send_recv(request, response, length, 5);
 }
 
-static ipmi_outcome exchange_by(int (*transport)(const ipmi_msg *, ipmi_rsp *, uint8_t), const ipmi_request &request,
-                                ipmi_rsp &response)
+ipmi_answer::ipmi_answer(const ipmi_request &request, transport &send_and_receive)
+    : netfn(request.netfn()), command(request.command())
 {
-    ipmi_outcome outcome{ipmi_outcome::end::no_answer, request.netfn(), request.command(), 0, {}};
     if (!request.fits()) {
         g_error_code = error_not_sent;
-        return outcome;
+        return;
     }
     vos_memset(&response, sizeof response, 0, sizeof response);
-    if (transport(&request.record, &response, request.length) != 1)
-        return outcome;
+    if (send_and_receive(&request.record, &response, request.length) != 1)
+        return;
 
-    outcome.completion = response.byte[completion_code];  // even where the length ends before it
-    outcome.how = outcome.completion == 0 ? ipmi_outcome::end::answered : ipmi_outcome::end::refused;
-    if (const unsigned end = payload_start + payload_length(response); end > data_start)
-        outcome.data = std::span(response.byte).subspan(data_start, end - data_start);
-    return outcome;
+    completion = response.byte[completion_code];  // even where the length ends before it
+    how = completion == 0 ? end::answered : end::refused;
+    if (const unsigned past = payload_start + payload_length(response); past > data_start)
+        data = std::span(response.byte).subspan(data_start, past - data_start);
 }
 
-ipmi_outcome exchange(const ipmi_request &request, ipmi_rsp &response)
+ipmi_answer exchange(const ipmi_request &request) { return {request, ipmi_send_recv}; }
+
+ipmi_answer exchange_patient(const ipmi_request &request) { return {request, ipmi_send_recv_patient}; }
+
+uint32_t ipmi_answer::error_code(uint8_t selector) const
 {
-    return exchange_by(ipmi_send_recv, request, response);
+    return unanswered() ? g_error_code : composite_code(selector);
 }
 
-ipmi_outcome exchange_patient(const ipmi_request &request, ipmi_rsp &response)
-{
-    return exchange_by(ipmi_send_recv_patient, request, response);
-}
-
-uint32_t ipmi_outcome::error_code(uint8_t selector) const
-{
-    return how == end::no_answer ? g_error_code : composite_code(selector);
-}
-
-uint32_t ipmi_outcome::composite_code(uint8_t selector) const
+uint32_t ipmi_answer::composite_code(uint8_t selector) const
 {
     return uint32_t(netfn) << 24 | uint32_t(command) << 16 | uint32_t(selector) << 8 | completion;
 }

@@ -31,27 +31,42 @@ int ipmi_send_recv(const ipmi_msg *request, ipmi_rsp *response, uint8_t length);
 /// The same for the user-account commands, which may take the controller long: up to five waits after each send.
 int ipmi_send_recv_patient(const ipmi_msg *request, ipmi_rsp *response, uint8_t length);
 
-/// How an exchange ended. Asked before anything is read of the answer.
-struct ipmi_outcome {
-    enum class end : uint8_t { no_answer, refused, answered } how;
+/// How an exchange ended, with the bytes received. Asked how before anything is read of it.
+class ipmi_answer
+{
+public:
+    enum class end : uint8_t { no_answer, refused, answered } how = end::no_answer;
     uint8_t netfn, command;         // of the request
-    uint8_t completion;             // refused: why
-    std::span<const uint8_t> data;  // what follows the completion code, in the response record
+    uint8_t completion = 0;         // refused: why
+    std::span<const uint8_t> data;  // what follows the completion code
 
     bool ok() const { return how == end::answered; }
+    bool refused() const { return how == end::refused; }
+    bool unanswered() const { return how == end::no_answer; }
     /// A completion code with a meaning of its own is asked for by name.
-    bool refused_with(uint8_t code) const { return how == end::refused && completion == code; }
+    bool refused_with(uint8_t code) const { return refused() && completion == code; }
     /// What the failure sentences show. No answer: g_error_code; refused: netfn, command, selector and completion code,
     /// the first in the highest byte. The selector is a byte of the request that the command chooses, or 0.
     uint32_t error_code(uint8_t selector = 0) const;
     /// Those four bytes whatever happened; without an answer the completion code in it is 0.
     uint32_t composite_code(uint8_t selector = 0) const;
+
+    ipmi_answer(const ipmi_answer &) = delete;  // `data` would still be the other's
+    ipmi_answer &operator=(const ipmi_answer &) = delete;
+
+private:
+    using transport = int(const ipmi_msg *, ipmi_rsp *, uint8_t length);
+    ipmi_answer(const ipmi_request &request, transport &send_and_receive);
+    friend ipmi_answer exchange(const ipmi_request &request);
+    friend ipmi_answer exchange_patient(const ipmi_request &request);
+
+    ipmi_rsp response;
 };
 
-/// The same for a request as it was built: clears the response record, sends, and says how it ended. A request that
-/// does not fit a frame ends as one that could not be sent.
-ipmi_outcome exchange(const ipmi_request &request, ipmi_rsp &response);
-ipmi_outcome exchange_patient(const ipmi_request &request, ipmi_rsp &response);
+/// Sends a request as it was built. One that does not fit a frame ends as one that could not be sent.
+ipmi_answer exchange(const ipmi_request &request);
+/// The same for the user-account commands, as above.
+ipmi_answer exchange_patient(const ipmi_request &request);
 
 /// Takes the data of an answer apart in wire order. What lies beyond its end reads as 0.
 class ipmi_reader

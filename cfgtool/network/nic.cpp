@@ -24,8 +24,7 @@ static ipmi_request set_sideband_port(uint8_t index)
 /// cannot be asked.
 static int get_nic_port_count()
 {
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(get_nic_port_count_request(), answer);
+    const ipmi_answer got = exchange(get_nic_port_count_request());
     if (!got.ok()) {
         g_error_code = got.error_code(oem_selector);
         return -1;
@@ -71,8 +70,7 @@ int eth0_mode(const invocation &typed)
     lan_bracket bracket;
     if (!bracket.opened())
         return refuse("Set eth0 state failed, error code: 0x%X", g_error_code);  // Kept: "state"
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_oem_lan_parameter(lan_channel, nic_mode_selector).u8(mode->code), answer);
+    const ipmi_answer got = exchange(set_oem_lan_parameter(lan_channel, nic_mode_selector).u8(mode->code));
     if (got.refused_with(state_not_supported))
         return refuse("Curret state is not supported, please wait!");  // Kept: spelled so
     if (!got.ok())
@@ -106,8 +104,7 @@ int eth0_sideband(const invocation &typed)
     if (get_nic_port_count() <= index)
         return refuse(no_card);
 
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_sideband_port(uint8_t(index)), answer);
+    const ipmi_answer got = exchange(set_sideband_port(uint8_t(index)));
     if (!got.ok())  // Kept: never g_error_code
         return refuse("Set sideband enable port failed, error code: 0x%X", got.composite_code());
     say("Set sideband enable port success!");
@@ -133,9 +130,8 @@ int eth0_vlan(const invocation &typed)
     lan_bracket bracket;
     if (!bracket.opened())
         return refuse(failure, g_error_code);
-    ipmi_rsp answer;
     const auto value = uint16_t(off ? 0 : id | enabled);
-    if (!exchange(set_lan_parameter(lan_channel, vlan_id_selector).u16le(value), answer).ok())
+    if (!exchange(set_lan_parameter(lan_channel, vlan_id_selector).u16le(value)).ok())
         return refuse(failure, g_error_code);  // Kept: also for a refusal, which does not set it
     bracket.close();
     say("Set eth0 vlan success.");
@@ -151,8 +147,7 @@ static constexpr char eth1_state_failure[] = "Set eth1 state failed, error code:
 static bool reset_sideband_port()
 {
     static constexpr uint8_t no_port_named = 0xFF, parameter_out_of_range = 0xC9;
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_sideband_port(no_port_named), answer);
+    const ipmi_answer got = exchange(set_sideband_port(no_port_named));
     if (got.refused_with(parameter_out_of_range))
         say("Eth1 can not been enabled or disabled!");
     else if (!got.ok())
@@ -172,9 +167,7 @@ int eth1_state(const invocation &typed)
     lan_bracket bracket;
     if (!bracket.opened())
         return refuse(eth1_state_failure, g_error_code);
-    ipmi_rsp answer;
-    const ipmi_outcome got =
-        exchange(set_oem_lan_parameter(shared_lan_channel, shared_port_selector).u8(enable), answer);
+    const ipmi_answer got = exchange(set_oem_lan_parameter(shared_lan_channel, shared_port_selector).u8(enable));
     if (got.refused_with(last_enabled_port))
         return refuse("Make sure one network port enabled at least!");
     if (!got.ok())

@@ -39,9 +39,9 @@ static bool parse_ipv6(const char *text, ipv6_bytes &address)
 /// closing may change g_error_code; after a refusal behind it.
 ///   returns  false
 template <typename telling>
-static bool write_failed(lan_bracket &bracket, const ipmi_outcome &got, telling tell)
+static bool write_failed(lan_bracket &bracket, const ipmi_answer &got, telling tell)
 {
-    if (got.how == ipmi_outcome::end::no_answer)
+    if (got.unanswered())
         bracket.close();
     tell();
     return false;
@@ -55,8 +55,7 @@ static bool is_source(const char *word) { return is_dhcp(word) || strcmp(word, "
 /// Sends the source that the word names and tells the outcome. True = set.
 static bool set_source(lan_bracket &bracket, ipmi_request request, uint8_t selector, const char *word)
 {
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(request.u8(is_dhcp(word) ? source_dhcp : source_static), answer);
+    const ipmi_answer got = exchange(request.u8(is_dhcp(word) ? source_dhcp : source_static));
     if (!got.ok())
         return write_failed(bracket, got, [&] { say("Set IP mode failed,error code:0x%X", got.error_code(selector)); });
     say(is_dhcp(word) ? "Set DHCP mode successfully." : "Set STATIC mode successfully.");
@@ -98,17 +97,17 @@ static int set_ipv4_address(const lan_port &port, lan_bracket &bracket, const ch
     case interface_address::accepted:
         break;
     }
-    ipmi_rsp answer;
-    ipmi_outcome got = exchange(set_lan_parameter(port.channel, ip_address).u32be(address), answer);
+    const ipmi_answer got = exchange(set_lan_parameter(port.channel, ip_address).u32be(address));
     if (!got.ok())
         return write_failed(bracket, got,
                             [&] { say("Set %s failed, error code: 0x%X", "IP address", got.error_code(ip_address)); });
     log_change("Network", "Set %s IPv4 address(%s) success,EvtCode:0x21200650", port.log_word, address_text);
 
-    got = exchange(set_lan_parameter(port.channel, subnet_mask).u32be(mask), answer);
-    if (!got.ok())  // the address stays in force
-        return write_failed(bracket, got, [&] {
-            say("Set %s  failed, error code: 0x%X", "MASK address", got.error_code(subnet_mask));  // Kept: two blanks
+    const ipmi_answer masked = exchange(set_lan_parameter(port.channel, subnet_mask).u32be(mask));
+    if (!masked.ok())  // the address stays in force
+        return write_failed(bracket, masked, [&] {
+            say("Set %s  failed, error code: 0x%X", "MASK address",
+                masked.error_code(subnet_mask));  // Kept: two blanks
         });
     log_change("Network", "Set %s IPv4 submask(%s) success,EvtCode:0x21200660", port.log_word, mask_text);
     say("Set IP address %s successfully.", address_text);
@@ -165,18 +164,18 @@ static int set_ipv6_address(const lan_port &port, lan_bracket &bracket, const ch
     if (prefix_length < 0)  // Kept: 128 is no limit, the low eight bits are sent
         return refuse("Usage: cfgtool -t %s -d ipaddr6 -v <ipaddr6/prefixlen(0~128)>", port.target);
 
-    ipmi_rsp answer;
-    ipmi_outcome got = exchange(set_oem_lan_parameter(port.channel, ipv6_address).bytes(address.reversed), answer);
+    const ipmi_answer got = exchange(set_oem_lan_parameter(port.channel, ipv6_address).bytes(address.reversed));
     if (!got.ok())
         return write_failed(bracket, got,
                             [&] { say("Set IP address failed, error code: 0x%X", got.error_code(ipv6_address)); });
     log_change("Network", "Set %s IPv6 address(%s) success,EvtCode:0x21200690", port.log_word, address_text);
 
-    got = exchange(set_oem_lan_parameter(port.channel, ipv6_prefix_length).u8(uint8_t(prefix_length)), answer);
-    if (!got.ok())
-        return write_failed(bracket, got, [&] {
+    const ipmi_answer prefixed =
+        exchange(set_oem_lan_parameter(port.channel, ipv6_prefix_length).u8(uint8_t(prefix_length)));
+    if (!prefixed.ok())
+        return write_failed(bracket, prefixed, [&] {
             // Kept: never g_error_code. Without an answer the completion code shown is that of the address.
-            say("Set IP address, error code: 0x%X", got.composite_code(ipv6_prefix_length));
+            say("Set IP address, error code: 0x%X", prefixed.composite_code(ipv6_prefix_length));
         });
     log_change("Network", "Set %s IPv6 prefix length(%d) success,EvtCode:0x212006A0", port.log_word, prefix_length);
     say("Set IPv6 address successfully.");
@@ -218,8 +217,7 @@ int gateway(const lan_port &port, const invocation &typed)
     lan_bracket bracket;
     if (!bracket.opened())
         return refuse(failure, g_error_code);  // Kept: nothing is closed here
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_lan_parameter(port.channel, default_gateway).u32be(address), answer);
+    const ipmi_answer got = exchange(set_lan_parameter(port.channel, default_gateway).u32be(address));
     if (!got.ok())
         return refuse(failure, got.error_code(default_gateway));
     bracket.close();
@@ -242,9 +240,7 @@ int gateway6(const lan_port &port, const invocation &typed)
     lan_bracket bracket;
     if (!bracket.opened())
         return refuse(failure, g_error_code);  // Kept: nothing is closed here
-    ipmi_rsp answer;
-    const ipmi_outcome got =
-        exchange(set_oem_lan_parameter(port.channel, ipv6_gateway).bytes(address.reversed), answer);
+    const ipmi_answer got = exchange(set_oem_lan_parameter(port.channel, ipv6_gateway).bytes(address.reversed));
     if (!got.ok())
         return refuse(failure, got.error_code(ipv6_gateway));
     bracket.close();

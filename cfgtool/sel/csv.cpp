@@ -294,8 +294,7 @@ static void put_line(csv_file &csv, unsigned long id, const sel_record &record, 
 /// The controller's time offset from UTC; 0 when it does not tell.
 static int32_t sel_time_offset_s()
 {
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(ipmi_request(netfn_storage, 0x5C), answer);
+    const ipmi_answer got = exchange(ipmi_request(netfn_storage, 0x5C));
     return got.ok() ? int16_t(ipmi_reader(got.data).u16le()) * 60 : 0;
 }
 

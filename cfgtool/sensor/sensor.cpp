@@ -22,8 +22,7 @@ static bool fail(uint32_t reason)
 /// Sends a request that is only to succeed. False = it did not, and g_error_code says why.
 static bool send(const ipmi_request &request)
 {
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(request, answer);
+    const ipmi_answer got = exchange(request);
     return got.ok() || fail(got.error_code());
 }
 
@@ -106,8 +105,7 @@ static bool change_hysteresis(const hysteresis_kind &kind, const char *name, uin
     const sdr_record *record = find_full_record(name);
     if (record == nullptr)
         return false;
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(get_sensor_hysteresis(record->sensor_number()), answer);
+    const ipmi_answer got = exchange(get_sensor_hysteresis(record->sensor_number()));
     if (!got.ok())
         return fail(got.error_code());
     ipmi_reader counts(got.data);

@@ -84,9 +84,8 @@ int service_state(const invocation &typed)
         return state_failed();
     }
     const char *action = enable ? "Enable" : "Disable";
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_service_state(id, enable), answer);
-    if (got.how == ipmi_outcome::end::refused) {
+    const ipmi_answer got = exchange(set_service_state(id, enable));
+    if (got.refused()) {
         say("Set service state failed, error code: 0x%X.", got.error_code());
         log_change(module, "%s %s service fail,EvtCode:0x202001A1", action, name);
         return 0;
@@ -149,9 +148,8 @@ int service_port(const invocation &typed)
         print_port_usage();
         return port_failed(port_kind, port);
     }
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_service_port(id, port_kind, uint16_t(port)), answer);
-    if (got.how == ipmi_outcome::end::refused) {
+    const ipmi_answer got = exchange(set_service_port(id, port_kind, uint16_t(port)));
+    if (got.refused()) {
         say("Set service port failed, error code: 0x%X.", got.error_code());
         return port_failed(port_kind, port);
     }

@@ -68,13 +68,13 @@ static bool read_new_community(typed_community &community)
 }
 
 /// Wipes what was typed once it is in the request, and the request once it is sent.
-static ipmi_outcome set_community(typed_community &community, ipmi_rsp &answer)
+static ipmi_answer set_community(typed_community &community)
 {
     ipmi_request request = set_lan_parameter(lan_channel, community_selector);
     community.text[strcspn(community.text, " ")] = '\0';  // Kept: a blank ends it, should one get here
     request.padded(community.text, max_community);
     community.wipe();
-    return exchange(request, answer);
+    return exchange(request);
 }
 
 int trap_community(const invocation &typed)
@@ -92,8 +92,7 @@ int trap_community(const invocation &typed)
     lan_bracket bracket;
     if (!bracket.opened())
         return refuse("Set SNMP trap community name, error code: 0x%X", g_error_code);
-    ipmi_rsp answer;
-    const ipmi_outcome got = set_community(community, answer);
+    const ipmi_answer got = set_community(community);
     if (!got.ok()) {
         say(failure, got.error_code(community_selector));
         if (got.refused_with(against_community_rules)) {
@@ -133,9 +132,8 @@ int trap_version(const invocation &typed)
     lan_bracket bracket;
     if (!bracket.opened())
         return refuse("Set trap version, error code: 0x%X", g_error_code);
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_oem_lan_parameter(lan_channel, version_selector).u8(code), answer);
-    if (got.how == ipmi_outcome::end::no_answer)
+    const ipmi_answer got = exchange(set_oem_lan_parameter(lan_channel, version_selector).u8(code));
+    if (got.unanswered())
         return refuse("Set trap %s failed,error code: 0x%X", version, g_error_code);  // Kept: no blank, as elsewhere
     if (!got.ok())
         return refuse("Set trap %s failed, error code: 0x%X", version, got.error_code(version_selector));
@@ -166,9 +164,8 @@ int trap_user(const invocation &typed)
     if (!typed.has_values(1) || strlen(typed.value(0)) > longest_name)
         return refuse("Usage: cfgtool -t trap -d user -v <username>");
     const char *name = typed.value(0);
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_trap_user(name, strlen(name)), answer);
-    if (got.how == ipmi_outcome::end::no_answer)
+    const ipmi_answer got = exchange(set_trap_user(name, strlen(name)));
+    if (got.unanswered())
         return refuse("Set trap username %s failed,error code: 0x%X", name, g_error_code);
     if (!got.ok())
         return refuse("Set trap username %s failed, error code: 0x%X", name, got.error_code(oem_selector));
@@ -191,10 +188,9 @@ int trap_auth_priv_protocol(const invocation &typed)
                       "    2    Authentication protocol MD5  Privacy protocol AES\r\n"
                       "    3    Authentication protocol SHA  Privacy protocol DES\r\n"
                       "    4    Authentication protocol SHA  Privacy protocol AES");
-    ipmi_rsp answer;
-    const ipmi_outcome got =
-        exchange(ipmi_request(netfn_oem, 0x93).oem().u8(0x2B).u8(0x09).u8(0x00).u8(uint8_t(option)), answer);
-    if (got.how == ipmi_outcome::end::no_answer)
+    const ipmi_answer got =
+        exchange(ipmi_request(netfn_oem, 0x93).oem().u8(0x2B).u8(0x09).u8(0x00).u8(uint8_t(option)));
+    if (got.unanswered())
         return refuse("Set trap auth_priv_protocol %d failed,error code: 0x%X", option, g_error_code);
     if (!got.ok())
         return refuse("Set trap auth_priv_protocol %d failed, error code: 0x%X", option, got.error_code(oem_selector));
@@ -224,10 +220,8 @@ int trap_severity(const invocation &typed)
     lan_bracket bracket;
     if (!bracket.opened())
         return refuse("Set trap severity, error code: 0x%X", g_error_code);
-    ipmi_rsp answer;
-    const ipmi_outcome got =
-        exchange(set_oem_lan_parameter(lan_channel, severity_selector).u8(0x00).u8(severity), answer);
-    if (got.how == ipmi_outcome::end::no_answer)
+    const ipmi_answer got = exchange(set_oem_lan_parameter(lan_channel, severity_selector).u8(0x00).u8(severity));
+    if (got.unanswered())
         return refuse("Set trap severity failed,error code: 0x%X", g_error_code);
     if (!got.ok())
         return refuse("Set trap severity failed, error code: 0x%X", got.error_code(severity_selector));
@@ -256,9 +250,8 @@ int trap_mode(const invocation &typed)
                       "    0     Event Code  \r\n"
                       "    1     OID  ");
     const char *word = mode == 0 ? "Event Code" : "OID";
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_trap_mode(uint8_t(mode)), answer);
-    if (got.how == ipmi_outcome::end::no_answer)
+    const ipmi_answer got = exchange(set_trap_mode(uint8_t(mode)));
+    if (got.unanswered())
         return refuse("Set trap mode %d failed,error code: 0x%X", mode, g_error_code);
     if (!got.ok())
         return refuse("Set trap mode %d failed, error code: 0x%X", mode, got.error_code(oem_selector));

@@ -67,10 +67,8 @@ int set_trap_dest_address(uint8_t destination, uint8_t type, const uint8_t *byte
     lan_bracket bracket;
     if (!bracket.opened())
         return refuse(failure, destination, g_error_code);
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(
-        set_oem_lan_parameter(lan_channel, destination_address).u8(destination).u8(type).bytes({bytes, length}),
-        answer);
+    const ipmi_answer got = exchange(
+        set_oem_lan_parameter(lan_channel, destination_address).u8(destination).u8(type).bytes({bytes, length}));
     if (!got.ok())
         return refuse(failure, destination, got.error_code(destination_address));
     bracket.close();
@@ -116,10 +114,9 @@ int trap_port(const invocation &typed)
     lan_bracket bracket;
     if (!bracket.opened())
         return refuse("Set SNMP trap port failed, error code: 0x%X", g_error_code);
-    ipmi_rsp answer;
-    const ipmi_outcome got =
-        exchange(set_oem_lan_parameter(lan_channel, destination_port).u8(destination).u16le(uint16_t(port)), answer);
-    if (got.how == ipmi_outcome::end::no_answer)
+    const ipmi_answer got =
+        exchange(set_oem_lan_parameter(lan_channel, destination_port).u8(destination).u16le(uint16_t(port)));
+    if (got.unanswered())
         return refuse("Set trap port failed,error code: 0x%X", g_error_code);  // Kept: no blank after the comma
     if (!got.ok())
         return refuse("Set trap port failed, error code: 0x%X", got.error_code(destination_port));
@@ -140,9 +137,8 @@ int set_trap_state(uint8_t state, const char *word)
     lan_bracket bracket;
     if (!bracket.opened())
         return refuse("Set trap state, error code: 0x%X", g_error_code);
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_oem_lan_parameter(lan_channel, trap_enable).u8(state), answer);
-    if (got.how == ipmi_outcome::end::no_answer)
+    const ipmi_answer got = exchange(set_oem_lan_parameter(lan_channel, trap_enable).u8(state));
+    if (got.unanswered())
         return refuse("Set trap %s failed,error code: 0x%X", word, g_error_code);
     if (!got.ok())
         return refuse("Set trap %s failed, error code: 0x%X", word, got.error_code(trap_enable));
@@ -168,12 +164,10 @@ int set_trap_dest_state(uint32_t destination, uint8_t state, const char *word)
     lan_bracket bracket;
     if (!bracket.opened())
         return refuse("Set trap dest state, error code: 0x%X", g_error_code);
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_oem_lan_parameter(lan_channel, destination_enable)
-                                          .u16le(destination_bit(destination, 1))
-                                          .u16le(destination_bit(destination, state)),
-                                      answer);
-    if (got.how == ipmi_outcome::end::no_answer)
+    const ipmi_answer got = exchange(set_oem_lan_parameter(lan_channel, destination_enable)
+                                         .u16le(destination_bit(destination, 1))
+                                         .u16le(destination_bit(destination, state)));
+    if (got.unanswered())
         return refuse("Set trap dest%d %s failed,error code: 0x%X", number, word, g_error_code);
     if (!got.ok())
         return refuse("Set trap dest%d %s failed, error code: 0x%X", number, word, got.error_code(destination_enable));

@@ -55,18 +55,16 @@ static bool read_new_password(typed_password &password, const char *prompt, cons
     return false;
 }
 
-using exchange_routine = ipmi_outcome(const ipmi_request &, ipmi_rsp &);
+using exchange_routine = ipmi_answer(const ipmi_request &);
 
-/// Sends a password and forgets it.
-static ipmi_outcome set_password(exchange_routine &send, uint8_t user, typed_password &password)
+/// Wipes a password once it is in the request, and the request once it is sent.
+static ipmi_answer set_password(exchange_routine &send, uint8_t user, typed_password &password)
 {
     static constexpr uint8_t twenty_bytes = 0x80, set = 0x02;
-    ipmi_rsp answer;
     ipmi_request request(netfn_app, 0x47);
     request.u8(twenty_bytes | user).u8(set).padded(password.text, max_password);
-    const ipmi_outcome got = send(request, answer);
     password.wipe();
-    return {got.how, got.netfn, got.command, got.completion, {}};  // nobody reads the data
+    return send(request);
 }
 
 // adduser -----------------------------------------------------------------------------------------------------------
@@ -147,9 +145,9 @@ static uint8_t claim_slot(const char *name)
 static void roll_back(uint8_t user) { set_user_name(user, ""); }
 
 /// The failures that both requests of a named user share. Kept: the name goes before the text when no answer came.
-static void tell_and_roll_back(const ipmi_outcome &got, uint8_t user)
+static void tell_and_roll_back(const ipmi_answer &got, uint8_t user)
 {
-    if (got.how == ipmi_outcome::end::no_answer) {
+    if (got.unanswered()) {
         roll_back(user);
         say(add_failure, g_error_code);
     } else {
@@ -166,7 +164,7 @@ static bool give_password(uint8_t user)
         roll_back(user);
         return false;
     }
-    const ipmi_outcome got = set_password(exchange_patient, user, new_password);
+    const ipmi_answer got = set_password(exchange_patient, user, new_password);
     if (got.refused_with(against_password_rules)) {
         say("Set user password failed, error code: 0x%X", got.error_code());
         roll_back(user);
@@ -180,8 +178,7 @@ static bool give_password(uint8_t user)
 /// Enables a user that has its password. False as above.
 static bool enable(uint8_t user)
 {
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange_patient(enable_user_request(user), answer);
+    const ipmi_answer got = exchange_patient(enable_user_request(user));
     if (got.refused_with(against_password_rules)) {
         say("Set user priv failed, error code: 0x%X", got.error_code());
         roll_back(user);
@@ -266,7 +263,7 @@ int password(const invocation &typed)
     typed_password new_password;
     if (!read_new_password(new_password, "New password:", "Input new password error."))
         return modify_failed(name, user);
-    const ipmi_outcome got = set_password(exchange, user, new_password);
+    const ipmi_answer got = set_password(exchange, user, new_password);
     if (!got.ok()) {
         say(failure, got.error_code());
         if (got.refused_with(against_password_rules))
@@ -303,14 +300,13 @@ int deluser(const invocation &typed)
         log_record(log_class_account, module, "Delete user(user%d) fail,EvtCode:0x111005A1", user);
         return 0;
     }
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_user_name_request(user, ""), answer);
+    const ipmi_answer got = exchange(set_user_name_request(user, ""));
     if (got.ok()) {
         say("Delete user successfully.");
         log_record(log_class_account, module, "Delete user(%s|user%d) success,EvtCode:0x111005A0", name, user);
         return 1;
     }
-    if (got.how == ipmi_outcome::end::no_answer)
+    if (got.unanswered())
         say("Set user name failed, error code: 0x%X", g_error_code);
     else if (got.refused_with(trap_v3_user))
         say("%s is trap V3 user ,cannot delete", name);  // Kept: the blank before the comma

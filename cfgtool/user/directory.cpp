@@ -20,30 +20,28 @@ static ipmi_request get_user_access(uint8_t user)
     return ipmi_request(netfn_app, 0x44).u8(lan_channel_number).u8(user);
 }
 
-/// Sends a request of the refresh. False = it failed, and g_error_code says why.
-static bool ask(const ipmi_request &request, ipmi_rsp &answer, ipmi_outcome &got)
+static bool refresh_failed(const ipmi_answer &got)
 {
-    got = exchange(request, answer);
-    if (!got.ok())
-        g_error_code = got.error_code();
-    return got.ok();
+    g_error_code = got.error_code();
+    return false;
 }
 
+/// False = it failed, and g_error_code says why.
 static bool refresh_user(uint8_t user)
 {
     user_entry &entry = user_table[user];
-    ipmi_rsp answer;
-    ipmi_outcome got{};
-    if (!ask(get_user_name(user), answer, got))
-        return false;
-    ipmi_reader name(got.data);
+    const ipmi_answer name = exchange(get_user_name(user));
+    if (!name.ok())
+        return refresh_failed(name);
+    ipmi_reader characters(name.data);
     memset(entry.name, 0, sizeof entry.name);
     for (size_t n = 0; n < sizeof entry.name - 1; ++n)
-        entry.name[n] = char(name.u8());
+        entry.name[n] = char(characters.u8());
 
-    if (!ask(get_user_access(user), answer, got))
-        return false;
-    entry.privilege = ipmi_reader(got.data).skip(3).u8() & 0x0F;
+    const ipmi_answer access = exchange(get_user_access(user));
+    if (!access.ok())
+        return refresh_failed(access);
+    entry.privilege = ipmi_reader(access.data).skip(3).u8() & 0x0F;
     return true;
 }
 
@@ -89,11 +87,10 @@ int verify_caller_password()
     ipmi_request request(netfn_oem, 0x91);
     request.oem().u8(check_password_function).u8(check);
     request.padded(user_table[caller].name, 16).padded(password.text, max_password);
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(request, answer);
+    const ipmi_answer got = exchange(request);
     if (got.ok())
         return 0;
-    if (got.how == ipmi_outcome::end::no_answer)
+    if (got.unanswered())
         say("send 'check user password' failed, error code: 0x%X", g_error_code);
     else if (got.refused_with(wrong_password))
         say("Incorrect password.");
@@ -111,8 +108,7 @@ ipmi_request set_user_name_request(uint8_t user, const char *name)
 
 int set_user_name(uint8_t user, const char *name)
 {
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange_patient(set_user_name_request(user, name), answer);
+    const ipmi_answer got = exchange_patient(set_user_name_request(user, name));
     if (!got.ok())
         g_error_code = got.error_code();
     return got.ok();

@@ -100,13 +100,11 @@ int privilege(const invocation &typed)
         print_privilege_usage();
         return privilege_failed(name, user, wanted);
     }
-    ipmi_rsp answer;
-    ipmi_outcome got = exchange(enable_user_request(user), answer);
-    if (got.ok())
-        got = exchange(set_user_access(user, uint8_t(wanted)), answer);
-    if (!got.ok()) {
-        say(failure, got.error_code());
-        return privilege_failed(name, user, wanted);
+    for (const ipmi_request &request : {enable_user_request(user), set_user_access(user, uint8_t(wanted))}) {
+        if (const ipmi_answer got = exchange(request); !got.ok()) {
+            say(failure, got.error_code());
+            return privilege_failed(name, user, wanted);
+        }
     }
     say("Set user privilege successfully.");
     log_record(log_class_account, module, "Modify user(%s|user%d) privilege(%s) success,EvtCode:0x11100590", name, user,
@@ -151,15 +149,14 @@ int unlock(const invocation &typed)
         return 0;
     }
     const char *name = user_table[user].name;
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(unlock_user(name), answer);
+    const ipmi_answer got = exchange(unlock_user(name));
     if (got.ok()) {
         say("Set user:%s unlock status successfully.", name);
         log_record(log_class_account, module, "Set user(%s|user%d) unlock status success,EvtCode:0x11100CC0", name,
                    user);
         return 1;
     }
-    if (got.how == ipmi_outcome::end::no_answer)
+    if (got.unanswered())
         say("Send 'unlock user' failed, error code: 0x%X", g_error_code);
     else if (got.refused_with(user_not_unlocked))
         say("Unlock user failed!");
@@ -204,8 +201,7 @@ int passwordcomplexity(const invocation &typed)
         if (!ask_confirm(continue_prompt))
             return complexity_failed(enable);
     }
-    ipmi_rsp answer;
-    const ipmi_outcome got = exchange(set_complexity_check(enable), answer);
+    const ipmi_answer got = exchange(set_complexity_check(enable));
     if (!got.ok()) {
         // Kept: the enterprise number's second byte in the code, where others have the function.
         say("Set password complexity check state failed, error code: 0x%X", got.error_code(uint8_t(OEM_IANA >> 8)));
@@ -250,10 +246,9 @@ int remotemanageid(const invocation &typed)
     for (size_t offset = 0; offset <= length; offset += manage_id_piece) {
         const bool more = length - offset > manage_id_piece;
         const size_t size = more ? manage_id_piece : length - offset;
-        ipmi_rsp answer;
-        const ipmi_outcome got = exchange(set_manage_id(more, offset, bytes_of(id + offset, size)), answer);
+        const ipmi_answer got = exchange(set_manage_id(more, offset, bytes_of(id + offset, size)));
         // Kept: the digits, and that one of the two does not say "failed".
-        if (got.how == ipmi_outcome::end::no_answer)
+        if (got.unanswered())
             return refuse("2set remotemanageid failed, error code: 0x%X", g_error_code);
         if (!got.ok())
             return refuse("1set remotemanageid, error code: 0x%X", got.error_code(0x01));
@@ -268,9 +263,9 @@ int remotemanageid(const invocation &typed)
 static constexpr size_t longest_serial_number = 22, serial_piece = 18;
 static constexpr char serial_failure[] = "Set smbios serial number failed, error code: 0x%X";
 
-static ipmi_outcome smbios_write_bracket(bool begin, ipmi_rsp &answer)
+static ipmi_answer smbios_write_bracket(bool begin)
 {
-    return exchange(ipmi_request(netfn_oem, 0x90).u8(0x20).oem().u8(begin), answer);
+    return exchange(ipmi_request(netfn_oem, 0x90).u8(0x20).oem().u8(begin));
 }
 
 static ipmi_request set_serial_piece(bool more, size_t offset, std::span<const uint8_t> piece)
@@ -287,8 +282,7 @@ static bool send_serial_number(const char *number, size_t length)
     for (size_t offset = 0; offset < length; offset += serial_piece) {
         const bool more = length - offset > serial_piece;
         const size_t size = std::min(length - offset, serial_piece);
-        ipmi_rsp answer;
-        const ipmi_outcome got = exchange(set_serial_piece(more, offset, bytes_of(number + offset, size)), answer);
+        const ipmi_answer got = exchange(set_serial_piece(more, offset, bytes_of(number + offset, size)));
         if (!got.ok()) {
             say(serial_failure, got.error_code(0x04));
             return false;
@@ -308,11 +302,10 @@ int serialnumber(const invocation &typed)
                       "the length of serialnumber is 0<length<23");
 
     const hold_signals until_closed;
-    ipmi_rsp answer;
-    const ipmi_outcome got = smbios_write_bracket(true, answer);
+    const ipmi_answer got = smbios_write_bracket(true);
     if (!got.ok())
         return refuse(serial_failure, got.error_code(0x20));
     const bool sent = send_serial_number(typed.value(0), length);
-    smbios_write_bracket(false, answer);
+    smbios_write_bracket(false);
     return sent;
 }

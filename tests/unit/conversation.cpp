@@ -24,8 +24,7 @@ void conversation::begin()
     reset_stub();
     setenv("LOGNAME", "tester", 1);
     stub.answer_all = {0x00};
-    ipmi_rsp answer;
-    exchange(ipmi_request(netfn_app, 0x01), answer);  // tells where the sequence counter is
+    exchange(ipmi_request(netfn_app, 0x01));  // tells where the sequence counter is
     sequence = uint8_t((stub.sent[0][4] >> 2) + 1);
     reset_stub();
     frames.clear();

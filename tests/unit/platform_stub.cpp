@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstring>
 #include <gtest/gtest.h>
+#include <span>
 #include <unistd.h>
 
 platform_stub stub;
@@ -62,6 +63,9 @@ int ipc_msg_send(const void *message, unsigned length, unsigned flags, unsigned 
 int ipc_msg_recv(void *message)
 {
     ++stub.receives;
+    const std::span record_found(static_cast<const uint8_t *>(message), sizeof(ipmi_rsp));
+    if (std::any_of(record_found.begin(), record_found.end(), [](uint8_t byte) { return byte != 0; }))
+        stub.records_cleared = false;
     platform_stub::reception next{!stub.answer_all.empty(), {}};
     if (!stub.receptions.empty()) {
         next = stub.receptions.front();

@@ -42,6 +42,7 @@ struct platform_stub {
 
     std::vector<byte_text> sent;
     unsigned receives = 0;
+    bool records_cleared = true;  // those to receive into, each time
     std::vector<unsigned> slept_us;
     std::vector<log_entry> logged;
 };
