@@ -87,6 +87,10 @@ int main(int argc, char **argv)
             fputs(usage, stdout);
             return 0;
         }
+        if (chosen.version) {
+            puts("ipmcd " IPMCD_VERSION);
+            return 0;
+        }
         if (chosen.question)
             return ask(chosen.control, *chosen.question);
         serve(chosen);

@@ -21,7 +21,8 @@ const char usage[] =
     "  --trace[=FILE]    show the traffic in words on stderr, or append it to FILE\n"
     "  --ready-fd N      write \"ready\" to descriptor N, not to stdout, once requests are taken\n"
     "  --ask COMMAND     send COMMAND to a running ipmcd: show [NAME], set POINTER VALUE, fail ..., cancel, save,\n"
-    "                    reset (exit status 0 done, 1 refused, 2 no answer)\n";
+    "                    reset (exit status 0 done, 1 refused, 2 no answer)\n"
+    "  --help, --version print this text, or the version, and end\n";
 
 static int parse_descriptor(const std::string &word)
 {
@@ -41,7 +42,7 @@ static std::filesystem::path default_ipc_dir()
 
 options parse_options(int argc, char **argv)
 {
-    enum choice { ipc_dir = 1, control, board, state, disk, trace, ready_fd, ask, help };
+    enum choice { ipc_dir = 1, control, board, state, disk, trace, ready_fd, ask, help, version };
     static constexpr option known[] = {{"ipc-dir", required_argument, nullptr, ipc_dir},
                                        {"control", required_argument, nullptr, control},
                                        {"board", required_argument, nullptr, board},
@@ -51,6 +52,7 @@ options parse_options(int argc, char **argv)
                                        {"ready-fd", required_argument, nullptr, ready_fd},
                                        {"ask", required_argument, nullptr, ask},
                                        {"help", no_argument, nullptr, help},
+                                       {"version", no_argument, nullptr, version},
                                        {nullptr, 0, nullptr, 0}};
     options read;
     read.ipc_dir = default_ipc_dir();
@@ -86,6 +88,9 @@ options parse_options(int argc, char **argv)
             break;
         case help:
             read.help = true;
+            break;
+        case version:
+            read.version = true;
             break;
         default:
             throw std::invalid_argument(std::string(argv[optind - 1]) +

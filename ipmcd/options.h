@@ -19,6 +19,7 @@ struct options {
     std::optional<int> ready_fd;
     std::optional<std::string> question;
     bool help = false;
+    bool version = false;
 };
 
 extern const char usage[];

@@ -36,7 +36,7 @@ TEST(command_line, has_defaults)
     EXPECT_EQ(read.control, "/run/zentro/control");
     EXPECT_EQ(read.board, "default");
     EXPECT_FALSE(read.state || read.disk || read.trace || read.trace_file || read.ready_fd || read.question ||
-                 read.help);
+                 read.help || read.version);
 }
 
 TEST(command_line, the_environment_names_the_folder)
@@ -52,7 +52,7 @@ TEST(command_line, the_environment_names_the_folder)
 TEST(command_line, everything_can_be_said)
 {
     const options read = parse({"--ipc-dir=/b", "--control", "/c", "--board", "device-sdrs", "--state", "s", "--disk",
-                                "d", "--trace=t", "--ready-fd", "7", "--ask", "show fans", "--help"});
+                                "d", "--trace=t", "--ready-fd", "7", "--ask", "show fans", "--help", "--version"});
     EXPECT_EQ(read.ipc_dir, "/b");
     EXPECT_EQ(read.control, "/c");
     EXPECT_EQ(read.board, "device-sdrs");
@@ -63,6 +63,7 @@ TEST(command_line, everything_can_be_said)
     EXPECT_EQ(read.ready_fd, 7);
     EXPECT_EQ(read.question, "show fans");
     EXPECT_TRUE(read.help);
+    EXPECT_TRUE(read.version);
 }
 
 TEST(command_line, a_trace_without_a_file_goes_to_stderr)

@@ -604,6 +604,13 @@ TEST_F(ipmcd_process, a_control_client_that_hangs_up_does_no_harm)
     EXPECT_EQ(ask("show faults"), "0 []\n");
 }
 
+TEST_F(ipmcd_process, says_its_version)
+{
+    const auto running = run({"--version"});
+    EXPECT_EQ(running->end(), "ipmcd " IPMCD_VERSION "\n");
+    EXPECT_EQ(running->status, 0);
+}
+
 TEST_F(ipmcd_process, helps_and_refuses_what_it_does_not_know)
 {
     const auto helping = run({"--help"});
