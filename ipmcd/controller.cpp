@@ -78,6 +78,19 @@ const command *controller::row_of(uint8_t netfn, uint8_t command, std::span<cons
     return found ? found->row : nullptr;
 }
 
+size_t controller::open_bytes(uint8_t netfn, uint8_t command, std::span<const uint8_t> data) const
+{
+    if (const ipmcd::command *row = row_of(netfn, command, data)) {
+        const auto rest = data.subspan(row->lead.size());
+        return data.size() - rest.size() + (row->open ? std::min(row->open(rest), rest.size()) : rest.size());
+    }
+    size_t open = data.size();
+    for (const auto &[owner, row] : entries)
+        if (row->netfn == netfn && row->number == command && row->open)
+            open = std::min(open, row->lead.size());
+    return open;
+}
+
 json controller::to_json() const
 {
     json state = json::object();

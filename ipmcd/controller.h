@@ -29,6 +29,9 @@ public:
     completion execute(uint8_t netfn, uint8_t lun, uint8_t command, std::span<const uint8_t> data, byte_writer &answer);
     /// The row that a request belongs to, or null.
     const command *row_of(uint8_t netfn, uint8_t command, std::span<const uint8_t> data) const;
+    /// How many of the data bytes are nobody's secret. A request without a row may be a misspelt one: where rows of its
+    /// netFn and command carry secrets, only as many bytes count as such a row begins with.
+    size_t open_bytes(uint8_t netfn, uint8_t command, std::span<const uint8_t> data) const;
 
     scheduler &timers() { return clock; }
     /// The board that it sits on.

@@ -40,7 +40,7 @@ std::optional<delivery> service::take(std::span<const uint8_t> datagram)
     }
     requests++;
     const command *row = board.row_of(request.netfn, request.command, request.data);
-    log.request(request, row);
+    log.request(request, row, board.open_bytes(request.netfn, request.command, request.data));
     const std::optional<fault> ordered = faults.take(request);
     if (ordered)
         log.fault(*ordered);

@@ -29,14 +29,14 @@ static data_words words_of_request(const command *row, size_t length)
     return row && length >= row->length.smallest && length <= row->length.largest ? row->request_words : nullptr;
 }
 
-void trace::request(const request_frame &request, const command *row) const
+void trace::request(const request_frame &request, const command *row, size_t open) const
 {
     if (!show)
         return;
-    const auto data = request.data.subspan(row ? row->lead.size() : 0);
-    const size_t open = row && row->open ? std::min(row->open(data), data.size()) : data.size();
+    const size_t lead = row ? row->lead.size() : 0;
     show(text("request %02X/%02X %s", request.netfn, request.command, row ? row->name : "unknown") +
-         with_data(request.data, data.first(open), words_of_request(row, data.size()), data.size() - open));
+         with_data(request.data, request.data.first(open).subspan(lead),
+                   words_of_request(row, request.data.size() - lead), request.data.size() - open));
 }
 
 void trace::fault(const ipmcd::fault &ordered) const
@@ -55,8 +55,10 @@ void trace::answer(const answer_frame &answer, const command *row) const
 
 void trace::ignored(const char *why, std::span<const uint8_t> datagram) const
 {
+    constexpr size_t header_size = 6;  // up to the command
     if (show)
-        show(text("ignored %s", why) + with_data(datagram, {}, nullptr));
+        show(text("ignored %s", why) +
+             with_data(datagram, {}, nullptr, datagram.size() - std::min(datagram.size(), header_size)));
 }
 
 }  // namespace ipmcd

@@ -81,8 +81,57 @@ TEST_F(traced, what_is_ignored)
     ipmi.take(bytes{1, 2, 3, 4, 5, 6, 7});
     ipmi.take(bytes{0x00, 0x1C, 0xE4, 0x63, 0x00, 0x01, 0x9C});
     EXPECT_EQ(shown,
-              (expected{"ignored too short", "ignored too short: 01 02", "ignored bad checksum: 01 02 03 04 05 06 07",
-                        "ignored not a request: 00 1C E4 63 00 01 9C"}));
+              (expected{"ignored too short", "ignored too short: 01 02", "ignored bad checksum: 01 02 03 04 05 06 **",
+                        "ignored not a request: 00 1C E4 63 00 01 **"}));
+}
+
+/// Set User Password, user 2, "Marmalade-7". Right would be 00+18 = 18, so E8, and at the end 63+00+47+82+02 = 12E and
+/// the letters 3E8: together 516, so EA.
+static bytes set_password()
+{
+    bytes frame = {0x00, 0x18, 0xE8, 0x63, 0x00, 0x47, 0x82, 0x02};
+    for (const char c : std::string("Marmalade-7"))
+        frame.push_back(uint8_t(c));
+    frame.resize(28);
+    frame.push_back(0xEA);
+    return frame;
+}
+
+TEST_F(traced, damaged_frames_keep_their_secrets)
+{
+    std::string masked;
+    for (int i = 0; i < 23; i++)
+        masked += " **";
+    ASSERT_TRUE(ipmi.take(set_password()));
+    EXPECT_EQ(shown.at(0).find("4D"), std::string::npos);  // M
+    shown.clear();
+    bytes frame = set_password();
+    frame.back() ^= 1;
+    ipmi.take(frame);
+    frame = set_password();
+    frame[2] ^= 1;
+    ipmi.take(frame);
+    frame = set_password();
+    frame[5] = 0x46;  // with another command the end is wrong as well
+    ipmi.take(frame);
+    frame = set_password();
+    frame[1] = 0x1C;  // an answer: 00+1C = 1C, so E4
+    frame[2] = 0xE4;
+    ipmi.take(frame);
+    EXPECT_EQ(shown, (expected{"ignored bad checksum: 00 18 E8 63 00 47" + masked,
+                               "ignored bad checksum: 00 18 E9 63 00 47" + masked,
+                               "ignored bad checksum: 00 18 E8 63 00 46" + masked,
+                               "ignored not a request: 00 1C E4 63 00 47" + masked}));
+}
+
+TEST_F(traced, requests_that_nobody_knows_keep_what_may_be_a_secret)
+{
+    // Check User Password with a sub-function, and with an enterprise number, that nobody has.
+    EXPECT_EQ(lines(0x30, 0x91, {0xD9, 0x7E, 0x00, 0x11, 0x01, 'a', 'b'})[0],
+              "request 30/91 unknown: D9 7E 00 11 01 ** **");
+    EXPECT_EQ(lines(0x30, 0x91, {0x01, 0x02, 0x00, 0x11, 0x00, 'a', 'b'})[0],
+              "request 30/91 unknown: 01 02 00 11 00 ** **");
+    EXPECT_EQ(lines(0x30, 0x95, {1, 2, 3, 4, 5, 6, 7})[0], "request 30/95 unknown: 01 02 03 04 05 06 07");
 }
 
 TEST(completion_codes, have_words)
