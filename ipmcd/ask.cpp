@@ -2,6 +2,7 @@
 
 #include "ipmcd/bound_socket.h"
 #include "ipmcd/json_fields.h"
+#include "ipmcd/text.h"
 
 #include <array>
 #include <cstdio>
@@ -39,7 +40,7 @@ static bool is_error(const std::string &answer)
 int ask(const std::filesystem::path &control, const std::string &question)
 {
     if (question.find('\n') != std::string::npos) {
-        fprintf(stderr, "ipmcd: one command at a time\n");
+        report("one command at a time");
         return refused;
     }
     try {
@@ -53,9 +54,9 @@ int ask(const std::filesystem::path &control, const std::string &question)
                 return is_error(*answer) ? refused : answered;
             }
         }
-        fprintf(stderr, "ipmcd: %s: no answer\n", control.c_str());
+        report(control.string() + ": no answer");
     } catch (const std::runtime_error &problem) {
-        fprintf(stderr, "ipmcd: %s\n", problem.what());
+        report(problem.what());
     }
     return unanswered;
 }

@@ -1,7 +1,8 @@
 #include "ipmcd/controller.h"
 
+#include "ipmcd/text.h"
+
 #include <algorithm>
-#include <cstdio>
 #include <exception>
 #include <stdexcept>
 
@@ -67,7 +68,7 @@ completion controller::execute(uint8_t netfn, uint8_t lun, uint8_t command, std:
         const completion code = row.run(*found->owner, request, answer);
         return answer.overflown() ? completion::no_response_possible : code;
     } catch (const std::exception &problem) {
-        fprintf(stderr, "ipmcd: %s: %s\n", row.name, problem.what());
+        report(row.name + std::string(": ") + problem.what());
         return completion::unspecified;
     }
 }

@@ -7,6 +7,7 @@
 #include "ipmcd/server.h"
 #include "ipmcd/service.h"
 #include "ipmcd/state_file.h"
+#include "ipmcd/text.h"
 #include "ipmcd/trace.h"
 
 #include <cerrno>
@@ -96,9 +97,10 @@ int main(int argc, char **argv)
         serve(chosen);
         return 0;
     } catch (const std::invalid_argument &problem) {
-        fprintf(stderr, "ipmcd: %s\n%s", problem.what(), usage);
+        report(problem.what());
+        fputs(usage, stderr);
     } catch (const std::exception &problem) {
-        fprintf(stderr, "ipmcd: %s\n", problem.what());
+        report(problem.what());
     }
     return 1;
 }

@@ -168,9 +168,9 @@ void control_port::answer_lines(bufferevent *client)
     evbuffer *const out = bufferevent_get_output(client);
     size_t length = 0;
     while (char *const line = evbuffer_readln(in, &length, EVBUFFER_EOL_CRLF)) {
-        // Words of the line may come back in an error text, whatever bytes they are made of.
         const json answer = commands.answer({line, length});
-        const std::string sent = answer.dump(-1, ' ', false, json::error_handler_t::replace) + "\n";
+        // Words of the line may come back in an error text, whatever bytes they are made of: all but ASCII is escaped.
+        const std::string sent = answer.dump(-1, ' ', true, json::error_handler_t::replace) + "\n";
         free(line);
         evbuffer_add(out, sent.data(), sent.size());
         if (evbuffer_get_length(out) > most_unread)

@@ -21,6 +21,37 @@ std::string text(const char *format, ...)
     return made;
 }
 
+std::string quoted(const std::string &from_outside)
+{
+    std::string made = "\"";
+    for (const char c : from_outside) {
+        if (c < 0x20 || c > 0x7E)
+            made += text("\\x%02X", uint8_t(c));
+        else if (c == '"' || c == '\\')
+            made.append({'\\', c});
+        else
+            made += c;
+    }
+    return made + '"';
+}
+
+/// Also those of the second kind, U+0080 to U+009F, in UTF-8 C2 80 to C2 9F.
+void report(std::string_view what)
+{
+    std::string line;
+    for (size_t at = 0; at < what.size(); at++) {
+        const auto byte = uint8_t(what[at]);
+        const auto next = uint8_t(at + 1 < what.size() ? what[at + 1] : 0);
+        if (byte < 0x20 || byte == 0x7F)
+            line += text("\\x%02X", byte);
+        else if (byte == 0xC2 && next >= 0x80 && next <= 0x9F)
+            line += text("\\x%02X\\x%02X", byte, uint8_t(what[++at]));
+        else
+            line += what[at];
+    }
+    fprintf(stderr, "ipmcd: %s\n", line.c_str());
+}
+
 std::string hex(std::span<const uint8_t> bytes)
 {
     std::string made;

@@ -6,7 +6,6 @@
 #include "ipmcd/text.h"
 
 #include <algorithm>
-#include <cstdio>
 
 namespace ipmcd
 {
@@ -180,7 +179,7 @@ void download::finish()
         write(state.what);
         state.phase = phase::done;
     } catch (const std::exception &problem) {
-        fprintf(stderr, "ipmcd: %s\n", problem.what());
+        report(problem.what());
         state.phase = phase::failed;
     }
 }

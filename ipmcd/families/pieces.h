@@ -48,10 +48,8 @@ inline std::string words_of_piece(unsigned offset, bool more_follow, byte_reader
 {
     const uint8_t length = piece.u8();
     const auto bytes = piece.bytes(length);
-    std::string characters(bytes.begin(), bytes.end());
-    std::ranges::replace_if(
-        characters, [](char c) { return c < 0x20 || c > 0x7E; }, '?');
-    return text("offset %u, \"%s\", %s", offset, characters.c_str(), more_follow ? "more follow" : "last");
+    const std::string characters = quoted({bytes.begin(), bytes.end()});
+    return text("offset %u, %s, %s", offset, characters.c_str(), more_follow ? "more follow" : "last");
 }
 
 }  // namespace ipmcd

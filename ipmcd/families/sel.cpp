@@ -7,7 +7,6 @@
 #include "ipmcd/text.h"
 
 #include <algorithm>
-#include <cstdio>
 
 namespace ipmcd
 {
@@ -99,7 +98,7 @@ bool sel::keep(change on_disk) const
         on_disk(*kept_on);
         return true;
     } catch (const std::exception &problem) {
-        fprintf(stderr, "ipmcd: %s\n", problem.what());
+        report(problem.what());
         return false;
     }
 }

@@ -409,12 +409,8 @@ std::string words_of_address(byte_reader &value)
 std::string words_of_user(byte_reader &data)
 {
     data.u8();
-    std::string name;
-    while (data.left() > 0) {
-        const uint8_t character = data.u8();
-        name += character >= 0x20 && character <= 0x7E ? char(character) : '?';
-    }
-    return '"' + name + '"';
+    const auto name = data.bytes(data.left());
+    return quoted({name.begin(), name.end()});
 }
 
 constexpr lan_parameter parameters[] = {

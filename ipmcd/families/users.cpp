@@ -485,13 +485,7 @@ std::string words_of_access_answer(byte_reader &data)
 
 std::string words_of_user(byte_reader &data) { return text("user %u", data.u8()); }
 
-std::string words_of_name(byte_reader &data)
-{
-    std::string name = read_padded(data, name_size);
-    std::replace_if(
-        name.begin(), name.end(), [](char c) { return !is_printable(c); }, '?');
-    return '"' + name + '"';
-}
+std::string words_of_name(byte_reader &data) { return quoted(read_padded(data, name_size)); }
 
 std::string words_of_user_and_name(byte_reader &data)
 {

@@ -189,7 +189,7 @@ TEST_F(identity, in_words)
 {
     EXPECT_EQ(lines(0x30, 0x94, {0xD9, 0x7E, 0x00, 0x1F, 0x01, 0x0C, 1, 0, 2, 'a', 7}),
               (expected{"request 30/94 Write Remote Manage ID: D9 7E 00 1F 01 0C 01 00 02 61 07 "
-                        "(offset 0, \"a?\", more follow)",
+                        "(offset 0, \"a\\x07\", more follow)",
                         "answer  CC invalid data field in request"}));
     EXPECT_EQ(lines(0x30, 0x93, {0xD9, 0x7E, 0x00, 0x05, 0x18, 0, 0, 2, 'a', 'b'})[0],
               "request 30/93 Write Web Host Name: D9 7E 00 05 18 00 00 02 61 62 (offset 0, \"ab\", last)");

@@ -563,11 +563,24 @@ TEST_F(ipmcd_process, leaves_files_on_the_disk_it_was_given)
     EXPECT_TRUE(std::filesystem::is_regular_file(folder / "disk/tmp/screen/snapshot1.ppm"));
 }
 
-TEST_F(ipmcd_process, bytes_that_are_no_text_come_back_as_text)
+TEST_F(ipmcd_process, answers_are_ascii_whatever_was_asked)
 {
     const auto running = start();
-    const std::string answer = ask("show \xFF");
-    EXPECT_TRUE(answer.starts_with("1 {\"error\":\"\xEF\xBF\xBD: nothing of that name, there are: device ")) << answer;
+    for (const auto &[asked, shown] : {std::pair("\xFF", R"(\ufffd)"),
+                                       {"\x1B[2J\x7F", R"(\u001b[2J\u007f)"},
+                                       {"\xC2\x9B", R"(\u009b)"},
+                                       {"\xC3\xBC", R"(\u00fc)"}}) {
+        const std::string answer = ask(std::string("show ") + asked);
+        EXPECT_TRUE(answer.starts_with("1 {\"error\":\"" + std::string(shown) + ": nothing of that name,")) << answer;
+    }
+}
+
+TEST_F(ipmcd_process, messages_change_no_terminal)
+{
+    const auto running = run({"--state", "\x1B[2J\xC2\x9B\x7F\xC3\xBC/state"});
+    running->end();
+    EXPECT_EQ(content_of(errors), "ipmcd: state file \\x1B[2J\\xC2\\x9B\\x7F\xC3\xBC/state: nothing can be saved in "
+                                  "\\x1B[2J\\xC2\\x9B\\x7F\xC3\xBC: No such file or directory\n");
 }
 
 TEST_F(ipmcd_process, a_line_without_an_end_is_cut_off)

@@ -34,11 +34,19 @@ TEST_F(traced, user_requests)
     EXPECT_EQ(lines(0x06, 0x43, {1, 3, 6})[0], "request 06/43 Set User Access: 01 03 06 (channel 1, user 3, level 6)");
     EXPECT_EQ(lines(0x06, 0x45, {6, 'a', 'b', 7, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}),
               (expected{"request 06/45 Set User Name: 06 61 62 07 00 00 00 00 00 00 00 00 00 00 00 00 00 "
-                        "(user 6, \"ab?\")",
+                        "(user 6, \"ab\\x07\")",
                         "answer  CC invalid data field in request"}));
     EXPECT_EQ(lines(0x06, 0x46, {2}),
               (expected{"request 06/46 Get User Name: 02 (user 2)",
                         "answer  00 done: 61 64 6D 69 6E 00 00 00 00 00 00 00 00 00 00 00 (\"admin\")"}));
+}
+
+TEST(quoted_text, can_neither_change_a_terminal_nor_end_early)
+{
+    EXPECT_EQ(quoted(""), R"("")");
+    EXPECT_EQ(quoted("two words"), R"("two words")");
+    EXPECT_EQ(quoted("\x1B[2J\x9B\x7F\n"), R"("\x1B[2J\x9B\x7F\x0A")");
+    EXPECT_EQ(quoted(R"(a" (b\)"), R"("a\" (b\\")");
 }
 
 TEST_F(traced, the_device)
