@@ -63,13 +63,14 @@ static constexpr uint8_t id_length_mask = 0x1F;
 
 uint8_t sdr_record::sensor_type() const { return at(layout_of(type)->sensor_type); }
 
-void sdr_record::id_string(char (&text)[32]) const
+std::string_view sdr_record::id_string() const
 {
-    memset(text, 0, sizeof text);
     const unsigned start = layout_of(type)->id_string;
-    const unsigned count = start != 0 ? at(start) & id_length_mask : 0;
-    for (unsigned n = 0; n < count; ++n)
-        text[n] = char(at(start + 1 + n));
+    const unsigned longest = start != 0 ? at(start) & id_length_mask : 0;
+    if (longest == 0)
+        return {};
+    const auto *text = reinterpret_cast<const char *>(body + start + 1);
+    return {text, strnlen(text, longest)};  // a zero byte follows the body
 }
 
 /// The whole string, byte for byte, over the longer of the two; behind the record's end there are zeros.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 /// A record that has been read, in the order of reading.
 struct sdr_record {
@@ -15,8 +16,8 @@ struct sdr_record {
     uint8_t at(unsigned offset) const { return offset < length ? body[offset] : uint8_t(0); }
     uint8_t sensor_number() const { return at(2); }
     uint8_t sensor_type() const;
-    /// The ID string, up to 31 characters, into `text`; empty for a record that has none.
-    void id_string(char (&text)[32]) const;
+    /// The ID string, up to 31 characters; empty for a record that has none.
+    std::string_view id_string() const;
 };
 
 // Record types (IPMI 2.0, Sensor Data Record Formats)

@@ -14,6 +14,7 @@
 #include <cstring>
 #include <ctime>
 #include <fcntl.h>
+#include <string_view>
 #include <unistd.h>
 
 static constexpr size_t record_size = 16, block_records = 4096;
@@ -63,19 +64,17 @@ public:
             flush();
         buffer[used++] = c;
     }
-    void put(const char *text, size_t count)
+    void put(std::string_view text)
     {
-        while (count > 0) {
+        while (!text.empty()) {
             if (used == sizeof buffer)
                 flush();
-            const size_t part = std::min(count, sizeof buffer - used);
-            memcpy(buffer + used, text, part);
+            const size_t part = std::min(text.size(), sizeof buffer - used);
+            memcpy(buffer + used, text.data(), part);
             used += part;
-            text += part;
-            count -= part;
+            text.remove_prefix(part);
         }
     }
-    void put(const char *text) { put(text, strlen(text)); }
 
     void flush()
     {
@@ -105,13 +104,20 @@ static void put_number(csv_file &csv, unsigned long number)
     do
         *--first = char('0' + number % 10);
     while ((number /= 10) != 0);
-    csv.put(first, size_t(digits + sizeof digits - first));
+    csv.put({first, size_t(digits + sizeof digits - first)});
 }
 
 static void set_two_digits(char *place, unsigned value)
 {
     place[0] = char('0' + value / 10);
     place[1] = char('0' + value % 10);
+}
+
+static void put_hex(csv_file &csv, uint8_t byte)
+{
+    static constexpr char digits[] = "0123456789abcdef";
+    csv.put(digits[byte >> 4]);
+    csv.put(digits[byte & 0x0F]);
 }
 
 static const char *severity_text(unsigned severity)
@@ -192,48 +198,47 @@ static void put_time(csv_file &csv, const sel_record &record, int32_t offset_s, 
         look_up(seconds, span);
     if (!span.is_one_second())  // whose text is there, perhaps with second 60
         set_time(span, seconds);
-    csv.put(span.text, sizeof span.text - 1);
+    csv.put({span.text, sizeof span.text - 1});
 }
 
-/// What stands for a sensor, made once for each that occurs.
-struct sensor_column {
-    bool made;
-    uint8_t type;
-    char text[96];
-};
-
-static void make_sensor_column(sensor_column &column, uint8_t number, uint8_t type)
+/// The data record of a sensor, or null; looked for once for each sensor that occurs.
+static const sdr_record *data_record_of(uint8_t number, uint8_t type)
 {
-    column.made = true;
-    column.type = type;
-    const sdr_record *found = sdr_find_by_number(number, type);
-    if (found == nullptr) {
-        snprintf(column.text, sizeof column.text, "%s", get_sensor_type_name(type));
-        return;
-    }
-    char name[32];
-    found->id_string(name);
-    if (strcmp(name, "Mngmnt Health") == 0 || strcmp(name, "OEM_MngHealth") == 0)
-        snprintf(column.text, sizeof column.text, "%s #%02x", name, number);
-    else
-        snprintf(column.text, sizeof column.text, "%s (%s)", get_sensor_type_name(type), name);
+    struct finding {
+        bool known;
+        uint8_t type;
+        const sdr_record *record;
+    };
+    static finding findings[256];  // by sensor number
+    finding &kept = findings[number];
+    if (!kept.known || kept.type != type)
+        kept = {true, type, sdr_find_by_number(number, type)};
+    return kept.record;
 }
 
 static void put_sensor(csv_file &csv, const sel_record &record)
 {
-    static sensor_column columns[256];  // by sensor number
     if (record.type() >= sel_record::first_untimed_type)
         return;
     if (record.type() >= sel_record::first_oem_type) {
-        char manufacturer[sizeof "000000"];
-        snprintf(manufacturer, sizeof manufacturer, "%02x%02x%02x", record.byte[7], record.byte[8], record.byte[9]);
-        csv.put(manufacturer);
+        for (const uint8_t byte : {record.byte[7], record.byte[8], record.byte[9]})  // the manufacturer
+            put_hex(csv, byte);
         return;
     }
-    sensor_column &column = columns[record.sensor_number()];
-    if (!column.made || column.type != record.sensor_type())
-        make_sensor_column(column, record.sensor_number(), record.sensor_type());
-    csv.put(column.text);
+    const sdr_record *found = data_record_of(record.sensor_number(), record.sensor_type());
+    const std::string_view name = found != nullptr ? found->id_string() : "";
+    if (name == "Mngmnt Health" || name == "OEM_MngHealth") {
+        csv.put(name);
+        csv.put(" #");
+        put_hex(csv, record.sensor_number());
+        return;
+    }
+    csv.put(get_sensor_type_name(record.sensor_type()));
+    if (found != nullptr) {
+        csv.put(" (");
+        csv.put(name);
+        csv.put(')');
+    }
 }
 
 /// A comma would begin the next column.
@@ -243,7 +248,7 @@ static void put_description(csv_file &csv, const char *description)
         return;
     for (;; ++description) {
         const size_t part = strcspn(description, ",");
-        csv.put(description, part);
+        csv.put({description, part});
         description += part;
         if (*description == '\0')
             return;
@@ -259,7 +264,7 @@ static void put_event_code(csv_file &csv, unsigned long code)
         digit = digits[code >> 28 & 0x0F];
         code <<= 4;
     }
-    csv.put(text, sizeof text);
+    csv.put({text, sizeof text});
 }
 
 /// What lasts from one line to the next.

@@ -52,9 +52,7 @@ static bool change_threshold(const threshold &which, const char *name, double va
     const sdr_record *record = find_full_record(name);
     if (record == nullptr)
         return false;
-    char id_string[32];
-    record->id_string(id_string);
-    sdr_diagnose("Setting sensor \"%s\" %s threshold to %.3f", id_string, which.name, value);
+    sdr_diagnose("Setting sensor \"%s\" %s threshold to %.3f", name, which.name, value);
     const double raw = sensor_real_to_raw(*record, value);
     return raw_in_range(*record, raw) &&
            send(set_sensor_thresholds(record->sensor_number(), which.slot, raw_byte(raw)));

@@ -26,9 +26,8 @@ static void use(const sdr_record *record, double value)
 {
     if (record == nullptr)
         return;
-    char name[32];
-    record->id_string(name);
-    check(memchr(name, '\0', sizeof name) != nullptr);
+    const std::string_view name = record->id_string();
+    check(name.size() <= 31 && name.find('\0') == name.npos);
     check(record->body[record->length] == 0);
     check(record->at(record->length) == 0);
     const double raw = sensor_real_to_raw(*record, value);

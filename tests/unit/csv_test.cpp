@@ -1,4 +1,4 @@
-/// The table of a log: where writing it is interrupted or fails, and its times in many zones.
+/// The table of a log: where writing it is interrupted or fails, texts of any length, and times in many zones.
 #include "sel/csv.h"
 
 #include "tests/platform/test_folder.h"
@@ -46,6 +46,16 @@ TEST_F(log_table, that_cannot_be_written_is_told)
         const failing_call full("write", error);
         EXPECT_EQ(convert(0), "sel_bin2txt: fwrite " + path("sel.csv") + " failed\r\n");
     }
+}
+
+TEST_F(log_table, shows_a_sensor_type_of_any_length)
+{
+    write("sel.bin", std::string("\0\0\x02", 3) + std::string(13, '\0'));
+    stub.sensor_type_name = std::string(300, 'T');
+    EXPECT_EQ(convert(1), "");
+    EXPECT_NE(contents(path("sel.csv"))
+                  .find("1,Ok,Pre-Init Time-stamp,Pre-Init Time-stamp," + stub.sensor_type_name + ",,00000000,"),
+              std::string::npos);
 }
 
 // Times -------------------------------------------------------------------------------------------------------------

@@ -162,7 +162,7 @@ unsigned vos_rand() { return 0; }
 int event_parse_init(const char *) { return 0; }
 int event_parse(const unsigned char[16], unsigned *, const char **) { return 0; }
 unsigned long event_get_code(const unsigned char[16]) { return 0; }
-const char *get_sensor_type_name(unsigned char) { return ""; }
+const char *get_sensor_type_name(unsigned char) { return stub.sensor_type_name.c_str(); }
 int tar_gzip_pack(const char *, const char *, const char *) { return -1; }
 int i2c_write_read(int, int, const unsigned char *, int, unsigned char *, int, int) { return -1; }
 int get_bios(const char *, unsigned) { return -1; }

@@ -37,6 +37,7 @@ struct platform_stub {
     int mac_num = 0;
     unsigned account = 0;   // that the tool seems to run under
     long file_length = -1;  // of any file
+    std::string sensor_type_name;
     std::string lock_file;  // what lies in place of /ipmc/usr/adduser_mutex
     bool has_tmp = true;    // false: nothing seems to be in /tmp
 

@@ -61,6 +61,7 @@ do no sensor records
 call get_sensor_type_name 4
 call event_get_code 060002018E386620000404308102FFFF
 call event_parse 050002008E386620000404300102FFFF
+call get_sensor_type_name 4
 call event_get_code 050002008E386620000404300102FFFF
 do pack
 packed sel.csv 640 3 lines
