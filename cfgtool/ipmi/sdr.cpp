@@ -74,15 +74,14 @@ std::string_view sdr_record::id_string() const
 }
 
 /// The whole string, byte for byte, over the longer of the two; behind the record's end there are zeros.
-static bool has_name(const sdr_record &record, const char *name)
+static bool has_name(const sdr_record &record, std::string_view name)
 {
     const unsigned start = layout_of(record.type)->id_string;
     if (start == 0)
         return false;
-    const size_t name_length = strlen(name);
-    const size_t length = std::max<size_t>(name_length, record.at(start) & id_length_mask);
+    const size_t length = std::max<size_t>(name.size(), record.at(start) & id_length_mask);
     for (size_t n = 0; n < length; ++n)
-        if (record.at(unsigned(start + 1 + n)) != (n < name_length ? uint8_t(name[n]) : 0))
+        if (record.at(unsigned(start + 1 + n)) != (n < name.size() ? uint8_t(name[n]) : 0))
             return false;
     return true;
 }
@@ -406,35 +405,21 @@ static sdr_record *read_next(sdr_iterator &store, unsigned &bodies_read)
     return nullptr;
 }
 
-/// What is looked for: a name, or a sensor's number and type.
-struct wanted_record {
-    const char *name;
-    uint8_t number, sensor_type;
-
-    bool fits(const sdr_record &record) const
-    {
-        if (name != nullptr)
-            return has_name(record, name);
-        return layout_of(record.type)->sensor_type != 0 && record.sensor_number() == number &&
-               record.sensor_type() == sensor_type;
-    }
-};
-
-static const sdr_record *find_kept(const wanted_record &wanted)
+static const sdr_record *find_kept(const auto &fits)
 {
     const sdr_record *record = first_kept;
-    while (record != nullptr && !wanted.fits(*record))
+    while (record != nullptr && !fits(*record))
         record = record->next;
     return record;
 }
 
-static const sdr_record *find(sdr_iterator &store, const wanted_record &wanted)
+static const sdr_record *find(sdr_iterator &store, const auto &fits)
 {
-    if (const sdr_record *kept = find_kept(wanted))
+    if (const sdr_record *kept = find_kept(fits))
         return kept;
     unsigned bodies_read = 0;
     while (const sdr_record *record = read_next(store, bodies_read))
-        if (wanted.fits(*record))
+        if (fits(*record))
             return record;
     if (bodies_read > 0)
         g_error_code = error_sensor_not_found;
@@ -453,7 +438,8 @@ const sdr_record *sdr_find_by_name(const char *name)
         say("Unable to open SDR for reading");
         return nullptr;
     }
-    return find(*iterator, {name, 0, 0});
+    return find(*iterator,
+                [name = std::string_view(name)](const sdr_record &record) { return has_name(record, name); });
 }
 
 /// Then the store is at its end, or does not answer: it is not asked again for each of many sensors.
@@ -461,7 +447,10 @@ static bool asked_in_vain;
 
 const sdr_record *sdr_find_by_number(uint8_t number, uint8_t type)
 {
-    const wanted_record wanted{nullptr, number, type};
+    const auto wanted = [number, type](const sdr_record &record) {
+        return record.sensor_number() == number && layout_of(record.type)->sensor_type != 0 &&
+               record.sensor_type() == type;
+    };
     if (asked_in_vain)
         return find_kept(wanted);
     is_silent = true;

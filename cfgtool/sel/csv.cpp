@@ -58,19 +58,25 @@ public:
     /// False once something could not be written.
     bool good() const { return !failed; }
 
+    /// Space for `count` characters, of which end() says how many were written.
+    char *space_for(size_t count)
+    {
+        if (count > sizeof buffer - used)
+            flush();
+        return buffer + used;
+    }
+    void end(const char *written) { used = size_t(written - buffer); }
+
     void put(char c)
     {
-        if (used == sizeof buffer)
-            flush();
-        buffer[used++] = c;
+        *space_for(1) = c;
+        ++used;
     }
     void put(std::string_view text)
     {
         while (!text.empty()) {
-            if (used == sizeof buffer)
-                flush();
-            const size_t part = std::min(text.size(), sizeof buffer - used);
-            memcpy(buffer + used, text.data(), part);
+            const size_t part = std::min(text.size(), sizeof buffer);
+            memcpy(space_for(part), text.data(), part);
             used += part;
             text.remove_prefix(part);
         }
@@ -98,13 +104,15 @@ char csv_file::buffer[65536];
 
 // Columns -----------------------------------------------------------------------------------------------------------
 
-static void put_number(csv_file &csv, unsigned long number)
+// The write routines put text of limited length where it belongs and return its end.
+
+static char *write_number(char *to, unsigned long number)
 {
     char digits[20], *first = digits + sizeof digits;
     do
         *--first = char('0' + number % 10);
     while ((number /= 10) != 0);
-    csv.put({first, size_t(digits + sizeof digits - first)});
+    return std::copy(first, digits + sizeof digits, to);
 }
 
 static void set_two_digits(char *place, unsigned value)
@@ -113,11 +121,11 @@ static void set_two_digits(char *place, unsigned value)
     place[1] = char('0' + value % 10);
 }
 
-static void put_hex(csv_file &csv, uint8_t byte)
+static char *write_hex(char *to, unsigned long value, unsigned digits, const char *alphabet)
 {
-    static constexpr char digits[] = "0123456789abcdef";
-    csv.put(digits[byte >> 4]);
-    csv.put(digits[byte & 0x0F]);
+    while (digits-- > 0)
+        *to++ = alphabet[value >> 4 * digits & 0x0F];
+    return to;
 }
 
 static const char *severity_text(unsigned severity)
@@ -125,16 +133,6 @@ static const char *severity_text(unsigned severity)
     static constexpr value_text severities[] = {{0, "Ok"}, {1, "Minor"}, {2, "Major"}, {3, "Critical"}, {}};
     return severity < 255 ? val_to_str(severity, severities) : "unknown";
 }
-
-/// Seconds of one date during which the clock runs evenly, and the text of the one shown last.
-struct clock_span {
-    int64_t first = 1, end = 0;  // none yet
-    int64_t midnight = 0;
-    char text[sizeof "YYYY-MM-DD  HH:MM:SS"] = "";
-
-    bool holds(int64_t seconds) const { return first <= seconds && seconds < end; }
-    bool is_one_second() const { return end - first == 1; }
-};
 
 static tm local_time(int64_t seconds)
 {
@@ -154,51 +152,68 @@ static bool clock_has_its_own_rule()
     return zone != nullptr && strchr(zone, ',') != nullptr;
 }
 
-/// False if the clock changes, counts a leap second or begins a day between these seconds of an hour.
-static bool runs_evenly(int64_t first, int64_t last)
+/// The seconds of an hour in which the clock runs evenly, or one second alone.
+struct clock_span {
+    static constexpr int64_t hour_s = 3600;
+
+    const bool whole_hours = !clock_has_its_own_rule();
+    int64_t first = 0, end = 0;  // none yet
+    int64_t midnight = 0;
+    char text[sizeof "YYYY-MM-DD  HH:MM:SS" - 1];  // of the first second
+
+    bool holds(int64_t seconds) const { return first <= seconds && seconds < end; }
+    bool is_hour() const { return end - first == hour_s; }
+};
+
+static void set_time(char *text, unsigned hour, unsigned minute, unsigned second)
 {
-    return second_of_day(local_time(last)) - second_of_day(local_time(first)) == last - first;
+    char *const time = text + sizeof "YYYY-MM-DD  " - 1;
+    set_two_digits(time, hour);
+    set_two_digits(time + 3, minute);
+    set_two_digits(time + 6, second);
 }
 
-/// A conversion is expensive, and most records share their hour with the one before. So an hour in which the clock runs
-/// evenly is converted once, any other hour second by second.
+static void set_date_and_time(char *text, const tm &time)
+{
+    const auto year = unsigned(time.tm_year + 1900);
+    memcpy(text, "YYYY-MM-DD  HH:MM:SS", sizeof clock_span::text);
+    set_two_digits(text, year / 100);
+    set_two_digits(text + 2, year % 100);
+    set_two_digits(text + 5, unsigned(time.tm_mon + 1));
+    set_two_digits(text + 8, unsigned(time.tm_mday));
+    set_time(text, unsigned(time.tm_hour), unsigned(time.tm_min), unsigned(time.tm_sec));
+}
+
+/// A conversion is expensive, and most records share their hour with the one before. So an hour is converted once,
+/// unless the clock changes, counts a leap second or begins a day in it.
 static void look_up(int64_t seconds, clock_span &span)
 {
-    static constexpr int64_t seconds_per_hour = 3600;
-    const int64_t hour = seconds / seconds_per_hour * seconds_per_hour;
-    const bool even = !clock_has_its_own_rule() && runs_evenly(hour, hour + seconds_per_hour - 1);
+    const int64_t hour = seconds / span.hour_s * span.hour_s;
+    const tm begin = local_time(hour), end = local_time(hour + span.hour_s - 1);
+    const bool even = span.whole_hours && second_of_day(end) - second_of_day(begin) == span.hour_s - 1;
     span.first = even ? hour : seconds;
-    span.end = span.first + (even ? seconds_per_hour : 1);
-    const tm begin = local_time(span.first);
-    span.midnight = span.first - second_of_day(begin);
-    strftime(span.text, sizeof span.text, "%F  %H:%M:%S", &begin);
-}
-
-static void set_time(clock_span &span, int64_t seconds)
-{
-    const auto of_day = unsigned(seconds - span.midnight);
-    char *const time = span.text + sizeof "YYYY-MM-DD  " - 1;
-    set_two_digits(time, of_day / 3600);
-    set_two_digits(time + 3, of_day / 60 % 60);
-    set_two_digits(time + 6, of_day % 60);
+    span.end = span.first + (even ? span.hour_s : 1);
+    span.midnight = hour - second_of_day(begin);
+    set_date_and_time(span.text, even ? begin : local_time(seconds));
 }
 
 /// Date and time, two blanks between them; nothing for a record that has no time stamp.
-static void put_time(csv_file &csv, const sel_record &record, int32_t offset_s, clock_span &span)
+static char *write_time(char *to, const sel_record &record, int32_t offset_s, clock_span &span)
 {
     static constexpr uint32_t last_before_init = 0x1FFFFFFF;
     if (record.type() >= sel_record::first_untimed_type)
-        return;
-    if (record.time_stamp() <= last_before_init) {
-        csv.put("Pre-Init Time-stamp");
-        return;
-    }
+        return to;
+    if (record.time_stamp() <= last_before_init)
+        return stpcpy(to, "Pre-Init Time-stamp");
     const int64_t seconds = int64_t(record.time_stamp()) + offset_s;
     if (!span.holds(seconds))
         look_up(seconds, span);
-    if (!span.is_one_second())  // whose text is there, perhaps with second 60
-        set_time(span, seconds);
-    csv.put({span.text, sizeof span.text - 1});
+    memcpy(to, span.text, sizeof span.text);
+    if (span.is_hour()) {
+        const auto of_day = unsigned(seconds - span.midnight);
+        set_time(to, of_day / 3600, of_day / 60 % 60, of_day % 60);
+    }
+    return to + sizeof span.text;
 }
 
 /// The data record of a sensor, or null; looked for once for each sensor that occurs.
@@ -216,25 +231,34 @@ static const sdr_record *data_record_of(uint8_t number, uint8_t type)
     return kept.record;
 }
 
+static void put_hex(csv_file &csv, const uint8_t *bytes, unsigned count)
+{
+    char *to = csv.space_for(2UL * count);
+    for (unsigned n = 0; n < count; ++n)
+        to = write_hex(to, bytes[n], 2, "0123456789abcdef");
+    csv.end(to);
+}
+
 static void put_sensor(csv_file &csv, const sel_record &record)
 {
     if (record.type() >= sel_record::first_untimed_type)
         return;
     if (record.type() >= sel_record::first_oem_type) {
-        for (const uint8_t byte : {record.byte[7], record.byte[8], record.byte[9]})  // the manufacturer
-            put_hex(csv, byte);
+        put_hex(csv, record.byte + 7, 3);  // the manufacturer
         return;
     }
     const sdr_record *found = data_record_of(record.sensor_number(), record.sensor_type());
-    const std::string_view name = found != nullptr ? found->id_string() : "";
+    if (found == nullptr) {
+        csv.put(get_sensor_type_name(record.sensor_type()));
+        return;
+    }
+    const std::string_view name = found->id_string();
     if (name == "Mngmnt Health" || name == "OEM_MngHealth") {
         csv.put(name);
         csv.put(" #");
-        put_hex(csv, record.sensor_number());
-        return;
-    }
-    csv.put(get_sensor_type_name(record.sensor_type()));
-    if (found != nullptr) {
+        put_hex(csv, record.byte + 11, 1);
+    } else {
+        csv.put(get_sensor_type_name(record.sensor_type()));
         csv.put(" (");
         csv.put(name);
         csv.put(')');
@@ -256,17 +280,6 @@ static void put_description(csv_file &csv, const char *description)
     }
 }
 
-static void put_event_code(csv_file &csv, unsigned long code)
-{
-    static constexpr char digits[] = "0123456789ABCDEF";
-    char text[8];
-    for (char &digit : text) {
-        digit = digits[code >> 28 & 0x0F];
-        code <<= 4;
-    }
-    csv.put({text, sizeof text});
-}
-
 /// What lasts from one line to the next.
 struct conversion {
     int32_t offset_s;  // of the controller's time from UTC
@@ -275,23 +288,32 @@ struct conversion {
 
 static void put_line(csv_file &csv, unsigned long id, const sel_record &record, conversion &state)
 {
+    static constexpr size_t longest_head = sizeof "18446744073709551615,Unknown (0xfe),"
+                                                  "YYYY-MM-DD  HH:MM:SS,YYYY-MM-DD  HH:MM:SS,";
+    static constexpr size_t longest_tail = sizeof ",12345678,Deasserted\r\n";
     unsigned severity = 0;
     const char *description = nullptr;
     event_parse(record.byte, &severity, &description);
-    put_number(csv, id);
-    csv.put(',');
-    csv.put(severity_text(severity));
-    csv.put(',');
-    put_time(csv, record, 0, state.utc);
-    csv.put(',');
-    put_time(csv, record, state.offset_s, state.local);
-    csv.put(',');
+
+    char *to = csv.space_for(longest_head);
+    to = write_number(to, id);
+    *to++ = ',';
+    to = stpcpy(to, severity_text(severity));
+    *to++ = ',';
+    to = write_time(to, record, 0, state.utc);
+    *to++ = ',';
+    to = write_time(to, record, state.offset_s, state.local);
+    *to++ = ',';
+    csv.end(to);
     put_sensor(csv, record);
     csv.put(',');
     put_description(csv, description);
-    csv.put(',');
-    put_event_code(csv, event_get_code(record.byte));
-    csv.put(record.deasserted() ? ",Deasserted\r\n" : ",Asserted\r\n");
+
+    to = csv.space_for(longest_tail);
+    *to++ = ',';
+    to = write_hex(to, event_get_code(record.byte), 8, "0123456789ABCDEF");
+    to = stpcpy(to, record.deasserted() ? ",Deasserted\r\n" : ",Asserted\r\n");
+    csv.end(to);
 }
 
 // The file ----------------------------------------------------------------------------------------------------------
