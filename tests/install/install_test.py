@@ -9,7 +9,7 @@ import shutil
 import unittest
 from pathlib import Path
 
-from staged import BUILD, LEFT_OUT, PACKAGING, REPOSITORY, VERSION, Test, files_below, listed_files, run
+from staged import BUILD, LEFT_OUT, PACKAGING, REPOSITORY, VERSION, Test, files_below, listed_files, on_bare_machine, run
 
 NO_SERVICE = "Set fan level  failed, error code: 0x40000000"
 
@@ -51,7 +51,7 @@ class files(Test):
 
 class tool(Test):
     def answer(self, program: Path, *words: str) -> str:
-        return run(program, *words, env=self.environment | {"ZENTRO_IPC_DIR": str(self.folder)}).stdout
+        return run(*on_bare_machine(program, *words, folders=(BUILD, self.folder)), env=self.environment).stdout
 
     def test_finds_its_library_wherever_the_two_are(self):
         stage = self.install("stage", "tool", "platform")

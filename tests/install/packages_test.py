@@ -99,10 +99,8 @@ class packages(Test):
     # Their life on a machine: a folder with a few of the programs that every Debian has, and dpkg's own records
 
     def make_machine(self):
-        if os.geteuid() != 0:
-            self.skipTest("only root may have dpkg install into another root")
-        if subprocess.run(["bwrap", "--ro-bind", "/", "/", "true"], stderr=subprocess.DEVNULL).returncode:
-            self.skipTest("bubblewrap cannot be used here")
+        if subprocess.run(["unshare", "--map-root-user", "true"], stderr=subprocess.DEVNULL).returncode:
+            self.skipTest("there are no user namespaces here, in which everybody is root")
         self.root = self.folder / "root"
         for folder in ("usr/bin", "usr/sbin", "usr/lib", "usr/lib64", "etc", "data", "run", "tmp", "proc", "dev",
                        "var/cache/ldconfig", "var/lib/dpkg/info", "var/lib/dpkg/updates", "var/lib/dpkg/triggers"):
@@ -132,14 +130,14 @@ class packages(Test):
                 if path.name != "ld.so.cache"}
 
     def dpkg(self, *words: object) -> str:
-        return run("dpkg", f"--root={self.root}", *words, env=self.environment).stdout
+        return run("unshare", "--map-root-user", "dpkg", f"--root={self.root}", *words, env=self.environment).stdout
 
     def answer(self, *words: str) -> str:
         return run(*self.inside(*words), env=self.environment).stdout
 
     def inside(self, *words: str) -> list[str]:
-        return ["bwrap", "--bind", str(self.root), "/", "--proc", "/proc", "--dev", "/dev", "--unshare-pid",
-                "--die-with-parent", "--setenv", "ZENTRO_IPC_DIR", "/run/zentro", *words]
+        return ["bwrap", "--unshare-user", "--uid", "0", "--gid", "0", "--bind", str(self.root), "/", "--proc", "/proc",
+                "--dev", "/dev", "--unshare-pid", "--die-with-parent", "--setenv", "ZENTRO_IPC_DIR", "/run/zentro", *words]
 
     def test_come_work_and_go(self):
         self.make_machine()

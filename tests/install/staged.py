@@ -39,6 +39,18 @@ def run(*command: object, **more) -> subprocess.CompletedProcess:
     return done
 
 
+def on_bare_machine(*words: object, folders: tuple[Path, ...]) -> list[str]:
+    """The command that runs these words as root on a machine of these folders and system programs: without a controller's
+    files, and without a service."""
+    command = ["bwrap", "--unshare-user", "--uid", "0", "--gid", "0", "--ro-bind", "/usr", "/usr",
+               "--ro-bind", "/proc", "/proc", "--dev", "/dev"]
+    for top in map(str, (Path("/bin"), *Path("/").glob("lib*"))):
+        command += ["--symlink", os.readlink(top), top] if os.path.islink(top) else ["--ro-bind", top, top]
+    for folder in map(str, folders):
+        command += ["--ro-bind", folder, folder]
+    return [*command, "--", *map(str, words)]
+
+
 def mode_of(path: Path) -> str:
     return "link" if path.is_symlink() else f"{path.lstat().st_mode & 0o7777:04o}"
 
@@ -55,6 +67,7 @@ def files_below(folder: Path) -> dict[str, str]:
 
 class Test(unittest.TestCase):
     def setUp(self):
+        self.addCleanup(os.umask, os.umask(0o022))
         folder = tempfile.TemporaryDirectory(prefix="install-test-")
         self.addCleanup(folder.cleanup)
         self.folder = Path(folder.name)

@@ -44,7 +44,7 @@ public:
     explicit told_export(told_disk told) : seen(std::move(told)), mask(umask(0))
     {
         reset_stub();
-        stub.has_tmp = false;
+        stub.has_disk = false;
         export_progress = 0;
         disk = &seen;
         text = printed([this] { result = pack_sel_info(); });

@@ -51,6 +51,8 @@ int lstat(const char *path, struct stat *about) noexcept
     return fails("lstat") ? -1 : fstatat(AT_FDCWD, on_disk(path), about, AT_SYMLINK_NOFOLLOW);
 }
 
+int stat(const char *path, struct stat *about) noexcept { return fstatat(AT_FDCWD, on_disk(path), about, 0); }
+
 extern "C" {
 
 WRAPPED(void *, calloc, size_t count, size_t size) { return fails("calloc") ? nullptr : __real_calloc(count, size); }

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <gtest/gtest.h>
 #include <span>
+#include <string_view>
 #include <unistd.h>
 
 platform_stub stub;
@@ -19,7 +20,8 @@ void reset_stub()
 
 const char *on_disk(const char *path)
 {
-    if (!stub.has_tmp && strncmp(path, "/tmp/", strlen("/tmp/")) == 0)
+    const std::string_view place = path;
+    if (!stub.has_disk && (place.starts_with("/tmp/") || place.starts_with("/data/")))
         return "/nowhere";
     const bool is_lock = !stub.lock_file.empty() && strcmp(path, "/ipmc/usr/adduser_mutex") == 0;
     return is_lock ? stub.lock_file.c_str() : path;
