@@ -96,6 +96,7 @@ class Transcript:
     changed: dict = dataclasses.field(default_factory=dict)  # path -> bytes, or None for gone
     modes: dict = dataclasses.field(default_factory=dict)  # path -> mode, where it is given
     umask: int = 0o022
+    data_limit: int = resource.RLIM_INFINITY  # the bytes of memory that the tool may take
     calls_shown: bool = False
     ending: int = 0  # the signal that ends the tool
     exchanges: int = 0
@@ -676,6 +677,7 @@ def open_screen(kind):
 def prepare_process(transcript):
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
     os.umask(transcript.umask)
+    resource.setrlimit(resource.RLIMIT_DATA, (transcript.data_limit, transcript.data_limit))
     for number in transcript.closed:
         os.close(number)
 

@@ -8,5 +8,6 @@
 /// Disables the rows of the registry that the file names. Without a file nothing is disabled and nothing said.
 void read_blacklist();
 
-/// The same for a text of `length` characters, terminated behind them; line ends are overwritten.
-void apply_blacklist(char *text, unsigned long length);
+/// The same for the next `length` bytes of an open file, or as many as there are. Takes the same memory whatever the
+/// length of the file and of its lines.
+void apply_blacklist(int file, unsigned long length);

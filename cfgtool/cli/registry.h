@@ -16,6 +16,7 @@ struct command_entry {
     command_handler *handler;  // null in the target table
 
     static constexpr uint8_t enabled = 1, disabled = 2;
+    static constexpr unsigned longest_name = 32;
 
     uint8_t level() const { return uint8_t(flags); }
     uint8_t state() const { return uint8_t(flags >> 8); }

@@ -232,7 +232,6 @@ static constexpr needless_call needless_calls[] = {
     {"", "KeySearch", "as above"},
     {"", "get_mac_num", "as above"},
     {"", "vos_get_file_length", "a blacklist that cannot be read disables nothing"},
-    {"", "malloc", "as above"},
     {"", "open", "as above"},
     {"", "fstat", "as above"},
     {"", "read", "as above"},

@@ -1,4 +1,3 @@
-#include "cli/blacklist.h"
 #include "cli/options.h"
 #include "cli/registry.h"
 #include "ipmi/privilege.h"
@@ -30,6 +29,15 @@ TEST(registry, every_command_row_is_enabled_for_administrators_and_has_a_handler
         EXPECT_EQ(row->flags, 0x100U) << row->name;
         EXPECT_EQ(row->handler, nullptr) << row->name;
     }
+}
+
+TEST(registry, names_keep_to_their_length)
+{
+    std::vector<command_entry *> tables = all_tables();
+    tables.push_back(targets);
+    for (const command_entry *table : tables)
+        for (const command_entry *row = table; row->name != nullptr; ++row)
+            EXPECT_LE(strlen(row->name), command_entry::longest_name) << row->name;
 }
 
 TEST(registry, sizes)
@@ -71,15 +79,6 @@ TEST(registry, every_row_is_found_by_its_name_alone)
             EXPECT_EQ(found.first, row) << table[row].name;
             EXPECT_EQ(found.mask, 1U << row) << table[row].name;
         }
-}
-
-TEST(registry, smbios_is_known_to_the_blacklist)
-{
-    char text[] = "cfgtool -t smbios -d serialnumber";
-    apply_blacklist(text, strlen(text));
-    EXPECT_EQ(smbios_dataitems[0].state(), 2);
-    EXPECT_EQ(smbios_dataitems[0].flags, 0x204U);
-    smbios_dataitems[0].flags = 0x104;
 }
 
 TEST(options, a_missing_dataitem_lists_the_top_level)

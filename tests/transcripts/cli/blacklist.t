@@ -332,6 +332,12 @@ file /data/blacklist "cfgtool -d shutdowntimeout"
 $ cfgtool -d shutdowntimeout
 | Usage: cfgtool -d shutdowntimeout -v <time>   time=0s or 10s<=time<=6540s
 
+# a length beyond all memory does not matter
+result vos_get_file_length 2147483647
+file /data/blacklist "cfgtool -d fanmode"
+$ cfgtool -d fan
+| Usage: cfgtool -d fanlevel -v <value>
+
 # of a file that has shrunk, what is there
 result vos_get_file_length 1000000
 file /data/blacklist "cfgtool -t trap -d user\ncfgtool -t trap -d state"
