@@ -1,10 +1,10 @@
 #include "sensor/sensor.h"
 
+#include "ipmi/conversion.h"
 #include "ipmi/privilege.h"
 #include "ipmi/sdr.h"
 #include "ipmi/transport.h"
 #include "oplog/oplog.h"
-#include "sensor/conversion.h"
 #include "ui/arguments.h"
 #include "ui/console.h"
 

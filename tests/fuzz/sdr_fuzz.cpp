@@ -2,7 +2,7 @@
 /// compiled in, so that each run begins with nothing read.
 #include "ipmi/sdr.cpp"
 
-#include "sensor/conversion.h"
+#include "ipmi/conversion.h"
 #include "tests/fuzz/platform.h"
 
 static void forget_all()

@@ -1,5 +1,5 @@
 /// Values in engineering units as raw readings.
-#include "sensor/conversion.h"
+#include "ipmi/conversion.h"
 
 #include "ipmi/transport.h"
 
@@ -147,6 +147,58 @@ TEST(conversion, a_record_cut_short_has_zeros_for_factors)
     EXPECT_EQ(sensor_real_to_raw(record, 50), 0);  // M is 0
     EXPECT_FALSE(raw_in_range(record, 128));
     EXPECT_TRUE(raw_in_range({1, sdr_full, 15, nullptr, body}, 128));  // no format byte: unsigned
+}
+
+// Back to real values ------------------------------------------------------------------------------------------------
+
+/// The value that a raw reading stands for; NaN = the factors make no number of it.
+static double value_of(const factors &is, uint8_t raw)
+{
+    double value = 0;
+    return sensor_raw_to_real(full_record(is).record(), raw, value) ? value : std::numeric_limits<double>::quiet_NaN();
+}
+
+TEST(conversion, of_a_raw_reading)
+{
+    EXPECT_EQ(value_of(plain, 255), 255);
+    EXPECT_EQ(value_of({.m = 6, .k2 = -2}, 201), 12.06);
+    EXPECT_EQ(value_of({.m = 5, .b = -40, .k2 = -1}, 157), 74.5);  // (785 - 40) / 10
+    EXPECT_EQ(value_of({.m = -1, .b = 100}, 60), 40);
+    EXPECT_EQ(value_of({.m = 2, .b = 1, .k1 = 1, .k2 = 2}, 20), 5000);
+    EXPECT_EQ(value_of({.b = 5, .k1 = -1}, 3), 3.5);
+    EXPECT_EQ(value_of({.k2 = -8}, 3), 3e-8);
+    EXPECT_EQ(value_of({.k2 = 7}, 3), 3e7);
+}
+
+TEST(conversion, of_a_raw_reading_with_a_sign)
+{
+    EXPECT_EQ(value_of(plain_signed, 0x7F), 127);
+    EXPECT_EQ(value_of(plain_signed, 0xFD), -3);
+    EXPECT_EQ(value_of(plain_signed, 0x80), -128);
+    EXPECT_EQ(value_of({.data_format = format::ones_complement}, 0xFD), -2);
+    EXPECT_EQ(value_of({.data_format = format::ones_complement}, 0x80), -127);
+    EXPECT_EQ(value_of(plain, 0xFD), 253);
+}
+
+TEST(conversion, factors_that_make_no_number)
+{
+    EXPECT_TRUE(std::isnan(value_of({.data_format = format::none}, 1)));
+    EXPECT_TRUE(std::isnan(value_of({.m = 0, .b = 100}, 1)));
+}
+
+TEST(conversion, there_and_back_again)
+{
+    for (const format signs : {format::unsigned_number, format::twos_complement})
+        for (int k1 = -8; k1 <= 7; ++k1)
+            for (int k2 = -8; k2 <= 7; ++k2)
+                for (const int m : {-512, -3, 1, 7, 511})
+                    for (int raw = 0; raw < 256; raw += 5) {
+                        const factors is{signs, m, 3, k1, k2};
+                        const int number = signs == format::twos_complement && raw > 127 ? raw - 256 : raw;
+                        // B of this size takes digits away from the raw reading, but never the whole ones.
+                        ASSERT_NEAR(raw_of(is, value_of(is, uint8_t(raw))), number, 1e-6)
+                            << m << ' ' << k1 << ' ' << k2;
+                    }
 }
 
 /// The rule once more, with the library's functions and factors that were never packed into bits.

@@ -1,9 +1,9 @@
-#include "sensor/conversion.h"
+#include "ipmi/conversion.h"
 
 #include "ipmi/transport.h"
 
 // The analog data format, bits 7 and 6 of body byte 15
-static constexpr uint8_t format_unsigned = 0, format_none = 3;
+static constexpr uint8_t format_unsigned = 0, format_ones_complement = 1, format_none = 3;
 
 static uint8_t data_format(const sdr_record &record) { return record.at(15) >> 6; }
 
@@ -47,3 +47,28 @@ bool raw_in_range(const sdr_record &record, double raw)
 }
 
 uint8_t raw_byte(double raw) { return is_int32(raw) ? uint8_t(int32_t(raw)) : uint8_t(0); }
+
+/// Dividing by a power of ten keeps a decimal fraction exact to the last digit; multiplying by its inverse does not.
+static double scaled(double value, uint8_t exponent)
+{
+    static constexpr double powers[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8};
+    return exponent < 8 ? value * powers[exponent] : value / powers[16 - exponent];
+}
+
+static int number_of(uint8_t raw, uint8_t format)
+{
+    if (format == format_unsigned || raw < 0x80)
+        return raw;
+    return format == format_ones_complement ? raw - 0xFF : raw - 0x100;
+}
+
+bool sensor_raw_to_real(const sdr_record &record, uint8_t raw, double &value)
+{
+    const int m = factor(record.at(19), record.at(20)), b = factor(record.at(21), record.at(22));
+    const uint8_t exponents = record.at(24);
+    const uint8_t format = data_format(record);
+    if (format == format_none || m == 0)
+        return false;
+    value = scaled(m * number_of(raw, format) + scaled(b, exponents & 0x0F), exponents >> 4);
+    return true;
+}

@@ -1,4 +1,4 @@
-/// From engineering units to the one-byte readings that the controller stores (IPMI 2.0, Sensor Reading Conversion
+/// Between engineering units and the one-byte readings that the controller stores (IPMI 2.0, Sensor Reading Conversion
 /// Formula). The linearization functions are not applied.
 #pragma once
 
@@ -14,3 +14,6 @@ constexpr uint32_t error_raw_range = 0x4000000A;
 
 /// The low eight bits of the reading cut towards zero; 0 for what is no number or no 32-bit integer.
 uint8_t raw_byte(double raw);
+
+/// The real value of a raw reading. False = the factors of the record make no number of it.
+bool sensor_raw_to_real(const sdr_record &record, uint8_t raw, double &value);
