@@ -1,5 +1,6 @@
 #include "chassis/fan.h"
 
+#include "ipmi/get_requests.h"
 #include "ipmi/privilege.h"
 #include "ipmi/transport.h"
 #include "oplog/oplog.h"
@@ -11,8 +12,6 @@ static constexpr uint32_t mode_auto = 0, mode_manual = 1;
 static constexpr uint32_t default_timeout_s = 30, max_timeout_s = 100000000;
 static constexpr uint8_t emergency_shut_down = 254;  // PICMG 3.0, Get Fan Level
 
-static ipmi_request get_fan_mode() { return ipmi_request(netfn_oem, 0x91).oem().u8(0x02); }
-
 static ipmi_request set_fan_mode_auto() { return ipmi_request(netfn_oem, 0x91).oem().u8(0x01).u8(mode_auto); }
 
 static ipmi_request set_fan_mode_manual(uint32_t timeout_s)
@@ -20,14 +19,9 @@ static ipmi_request set_fan_mode_manual(uint32_t timeout_s)
     return ipmi_request(netfn_oem, 0x91).oem().u8(0x01).u8(mode_manual).u32le(timeout_s);
 }
 
-static ipmi_request get_fan_level()
-{
-    return ipmi_request(netfn_picmg, 0x16).u8(0x00).u8(0x00);  // PICMG identifier, FRU 0
-}
-
 static ipmi_request set_fan_level(uint8_t percent)
 {
-    return ipmi_request(netfn_picmg, 0x15).u8(0x00).u8(0x00).u8(percent);
+    return ipmi_request(netfn_picmg, 0x15).u8(0x00).u8(0x00).u8(percent);  // PICMG identifier, FRU 0
 }
 
 // Status ------------------------------------------------------------------------------------------------------------

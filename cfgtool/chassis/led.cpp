@@ -1,5 +1,6 @@
 #include "chassis/led.h"
 
+#include "ipmi/get_requests.h"
 #include "ipmi/privilege.h"
 #include "ipmi/transport.h"
 #include "ui/arguments.h"
@@ -8,11 +9,6 @@
 #include <cstring>
 
 static constexpr char failure[] = "Set led state failed, error code: 0x%X";
-
-static ipmi_request get_fru_led_properties()
-{
-    return ipmi_request(netfn_picmg, 0x05).u8(0x00).u8(0x00);  // PICMG identifier, FRU 0
-}
 
 /// What one LED, or all, shall do (PICMG 3.0, Set FRU LED State).
 struct led_order {

@@ -1,4 +1,5 @@
 #include "ipmi/boot_options.h"
+#include "ipmi/get_requests.h"
 
 #include "ipmi/transport.h"
 
@@ -16,11 +17,6 @@ int set_boot_option_progress(uint8_t value)
         return 1;
     g_error_code = got.error_code(value);
     return 0;
-}
-
-static ipmi_request get_boot_option(uint8_t parameter)
-{
-    return ipmi_request(netfn_chassis, 0x09).u8(parameter).u8(0x00).u8(0x00);  // set and block selector
 }
 
 int get_boot_flags(boot_flags &flags)

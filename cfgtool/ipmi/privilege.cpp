@@ -1,5 +1,6 @@
 #include "ipmi/privilege.h"
 
+#include "ipmi/get_requests.h"
 #include "ipmi/transport.h"
 #include "platform/platform.h"
 #include "ui/console.h"
@@ -10,11 +11,6 @@ static constexpr uid_t account_base = 500;  // controller user N is account 500 
 static constexpr uint8_t lan_channel = 1;
 static constexpr char insufficient[] = "Insufficient privilege level";
 
-static ipmi_request get_user_access(uint8_t channel, uint8_t user)
-{
-    return ipmi_request(netfn_app, 0x44).u8(channel).u8(user);
-}
-
 /// The privilege limit of a controller user: the low four bits of the channel access byte, where 15 means no access.
 static uint8_t privilege_limit(std::span<const uint8_t> user_access)
 {
@@ -22,9 +18,9 @@ static uint8_t privilege_limit(std::span<const uint8_t> user_access)
     return limit == 15 ? 0 : limit;
 }
 
-/// Null = allowed, else the reason why not.
-static const char *refusal(uid_t account, uint8_t level)
+const char *privilege_refusal(uint8_t level)
 {
+    const uid_t account = geteuid();
     if (account == 0)
         return nullptr;
     if (account <= account_base || account - account_base > UINT8_MAX)  // a user number is one byte
@@ -42,7 +38,7 @@ static const char *refusal(uid_t account, uint8_t level)
 
 int check_privilege(const invocation &typed)
 {
-    const char *reason = refusal(geteuid(), typed.level);
+    const char *reason = privilege_refusal(typed.level);
     if (reason == nullptr)
         return 1;
     say("%s", reason);

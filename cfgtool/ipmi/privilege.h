@@ -8,3 +8,6 @@
 /// 500 + N.
 ///   returns  1 = allowed; 0 = refused, and the reason is printed
 int check_privilege(const invocation &typed);
+
+/// The same without a text. Null = allowed, else the reason why not.
+const char *privilege_refusal(uint8_t level);

@@ -1,5 +1,6 @@
 #include "network/nic.h"
 
+#include "ipmi/get_requests.h"
 #include "ipmi/lan_parameters.h"
 #include "ipmi/privilege.h"
 #include "ipmi/transport.h"
@@ -13,8 +14,6 @@
 // LAN parameter selectors: 802.1q VLAN ID (IPMI 2.0, LAN Configuration Parameters), and the controller maker's
 static constexpr uint8_t vlan_id_selector = 0x14, shared_port_selector = 0xC5, nic_mode_selector = 0xD7;
 
-static ipmi_request get_nic_port_count_request() { return ipmi_request(netfn_oem, 0x16).oem(); }
-
 static ipmi_request set_sideband_port(uint8_t index)
 {
     return ipmi_request(netfn_oem, 0x93).oem().u8(0x05).u8(0x0D).u8(0x00).u8(0x00).u8(0x01).u8(index);
@@ -22,9 +21,9 @@ static ipmi_request set_sideband_port(uint8_t index)
 
 /// The number of ports of the host's network card that can carry the controller's traffic, 0 without such a card; -1 =
 /// cannot be asked.
-static int get_nic_port_count()
+static int ask_nic_port_count()
 {
-    const ipmi_answer got = exchange(get_nic_port_count_request());
+    const ipmi_answer got = exchange(get_nic_port_count());
     if (!got.ok()) {
         g_error_code = got.error_code(oem_selector);
         return -1;
@@ -64,7 +63,7 @@ int eth0_mode(const invocation &typed)
                       "    1    Dedicated \r\n"
                       "    2    Shared \r\n"
                       "    3    Adaptive ");
-    if (mode->code != dedicated.code && get_nic_port_count() <= 0)
+    if (mode->code != dedicated.code && ask_nic_port_count() <= 0)
         return refuse(no_card);
 
     lan_bracket bracket;
@@ -101,7 +100,7 @@ int eth0_sideband(const invocation &typed)
     const int index = typed.has_values(1) ? sideband_index(typed.value(0)) : -1;
     if (index < 0)
         return refuse("Usage: cfgtool -t eth0 -d sideband -v <port1-port%d> ", board.mac_count);
-    if (get_nic_port_count() <= index)
+    if (ask_nic_port_count() <= index)
         return refuse(no_card);
 
     const ipmi_answer got = exchange(set_sideband_port(uint8_t(index)));

@@ -1,6 +1,7 @@
 #include "sel/csv.h"
 
 #include "ipmi/code_text.h"
+#include "ipmi/get_requests.h"
 #include "ipmi/sdr.h"
 #include "ipmi/transport.h"
 #include "platform/platform.h"
@@ -321,7 +322,7 @@ static void put_line(csv_file &csv, unsigned long id, const sel_record &record, 
 /// The controller's time offset from UTC; 0 when it does not tell.
 static int32_t sel_time_offset_s()
 {
-    const ipmi_answer got = exchange(ipmi_request(netfn_storage, 0x5C));
+    const ipmi_answer got = exchange(get_sel_utc_offset());
     return got.ok() ? int16_t(ipmi_reader(got.data).u16le()) * 60 : 0;
 }
 

@@ -1,6 +1,7 @@
 #include "sensor/sensor.h"
 
 #include "ipmi/conversion.h"
+#include "ipmi/get_requests.h"
 #include "ipmi/privilege.h"
 #include "ipmi/sdr.h"
 #include "ipmi/transport.h"
@@ -84,16 +85,13 @@ struct hysteresis_kind {
 static constexpr hysteresis_kind positive = {1, "positivehysteresis", "positive", 0x20600260};
 static constexpr hysteresis_kind negative = {2, "negativehysteresis", "negative", 0x20600250};
 
-static constexpr uint8_t hysteresis_mask = 0xFF;  // IPMI 2.0, Set Sensor Hysteresis: reserved, always so
-
-static ipmi_request get_sensor_hysteresis(uint8_t sensor)
-{
-    return ipmi_request(netfn_sensor_event, 0x25).u8(sensor).u8(hysteresis_mask);
-}
-
 static ipmi_request set_sensor_hysteresis(uint8_t sensor, uint8_t positive_going, uint8_t negative_going)
 {
-    return ipmi_request(netfn_sensor_event, 0x24).u8(sensor).u8(hysteresis_mask).u8(positive_going).u8(negative_going);
+    return ipmi_request(netfn_sensor_event, 0x24)
+        .u8(sensor)
+        .u8(sensor_hysteresis_mask)
+        .u8(positive_going)
+        .u8(negative_going);
 }
 
 /// Changes one of the two counts and leaves the other as it is.

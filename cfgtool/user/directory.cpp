@@ -1,5 +1,6 @@
 #include "user/directory.h"
 
+#include "ipmi/get_requests.h"
 #include "ipmi/transport.h"
 #include "ui/console.h"
 #include "ui/prompt.h"
@@ -12,13 +13,6 @@ user_entry user_table[user_limit];
 // The table ---------------------------------------------------------------------------------------------------------
 
 static constexpr uint8_t anonymous_user = 1, no_access = 15, lan_channel_number = 1;
-
-static ipmi_request get_user_name(uint8_t user) { return ipmi_request(netfn_app, 0x46).u8(user); }
-
-static ipmi_request get_user_access(uint8_t user)
-{
-    return ipmi_request(netfn_app, 0x44).u8(lan_channel_number).u8(user);
-}
 
 static bool refresh_failed(const ipmi_answer &got)
 {
@@ -38,7 +32,7 @@ static bool refresh_user(uint8_t user)
     for (size_t n = 0; n < sizeof entry.name - 1; ++n)
         entry.name[n] = char(characters.u8());
 
-    const ipmi_answer access = exchange(get_user_access(user));
+    const ipmi_answer access = exchange(get_user_access(lan_channel_number, user));
     if (!access.ok())
         return refresh_failed(access);
     entry.privilege = ipmi_reader(access.data).skip(3).u8() & 0x0F;
