@@ -1,6 +1,7 @@
 #include "ipmi/sdr.h"
 
 #include "ipmi/code_text.h"
+#include "ipmi/get_requests.h"
 #include "ipmi/transport.h"
 #include "platform/platform.h"
 #include "ui/console.h"
@@ -63,6 +64,12 @@ static constexpr uint8_t id_length_mask = 0x1F;
 
 uint8_t sdr_record::sensor_type() const { return at(layout_of(type)->sensor_type); }
 
+bool sdr_record::is_sensor() const
+{
+    const record_layout *const layout = layout_of(type);
+    return layout != nullptr && layout->sensor_type != 0;
+}
+
 std::string_view sdr_record::id_string() const
 {
     const unsigned start = layout_of(type)->id_string;
@@ -96,13 +103,15 @@ static constexpr sdr_source repository = {netfn_storage, 0x20, 0x22, 0x23};
 static constexpr sdr_source device_sdrs = {netfn_sensor_event, 0x20, 0x22, 0x21};
 
 static constexpr uint8_t reservation_cancelled = 0xC5, cannot_return_bytes = 0xCA;
-static constexpr unsigned header_length = 5;  // of a record, in front of its body
+static constexpr unsigned header_length = 5;   // of a record, in front of its body
+static constexpr unsigned next_id_length = 2;  // of an answer, in front of the bytes asked for
 static constexpr uint16_t last_record = 0xFFFF;
 
 struct sdr_iterator {
     uint16_t reservation;
     uint16_t record_count;  // for information
     uint16_t next_record;   // 0 = the first one
+    bool is_strict;         // takes no answer that is too short, and does not renew a reservation for ever
 };
 struct sdr_header {
     uint16_t next_record;
@@ -141,16 +150,11 @@ static bool renew_reservation(sdr_iterator &store)
     return reserve(store);
 }
 
-/// Finds out which records the controller offers.
-static bool choose_source()
+/// Which records the controller offers, by the data of a Get Device ID answer. False = none.
+static bool choose_source(std::span<const uint8_t> device_id)
 {
     static constexpr uint8_t provides_device_sdrs = 0x80, is_repository = 0x02, is_sensor_device = 0x01;
-    const ipmi_answer got = exchange(ipmi_request(netfn_app, 0x01));  // Get Device ID
-    if (!got.ok()) {
-        g_error_code = got.error_code();
-        return false;
-    }
-    ipmi_reader device(got.data);
+    ipmi_reader device(device_id);
     const uint8_t revision = device.skip(1).u8();
     const uint8_t support = device.skip(3).u8();
     manufacturer_id = device.u16le();
@@ -168,6 +172,16 @@ static bool choose_source()
     }
     sdr_diagnose("Error obtaining SDR info");
     return false;
+}
+
+static bool ask_for_source()
+{
+    const ipmi_answer got = exchange(get_device_id());
+    if (!got.ok()) {
+        g_error_code = got.error_code();
+        return false;
+    }
+    return choose_source(got.data);
 }
 
 static bool read_device_sdr_info(sdr_iterator &store)
@@ -204,7 +218,7 @@ static bool read_repository_info(sdr_iterator &store)
 
 static bool open_store(sdr_iterator &store)
 {
-    if (!choose_source())
+    if (!ask_for_source())
         return false;
     if (!(use_device_sdrs ? read_device_sdr_info(store) : read_repository_info(store)))
         return false;
@@ -323,7 +337,8 @@ static void dump_body(const uint8_t *body, unsigned length)
 /// Fills the body piece by piece. False = it could not be read whole, and g_error_code says why.
 static bool fill_body(uint8_t *body, const sdr_header &header, sdr_iterator &store)
 {
-    unsigned position = 0;
+    static constexpr unsigned most_refusals = 5;
+    unsigned position = 0, refusals = 0;
     while (position < header.length) {
         if (sdr_read_size == 0) {  // refused down to nothing, perhaps at an earlier record
             g_error_code = reading_code(cannot_return_bytes);
@@ -335,7 +350,10 @@ static bool fill_body(uint8_t *body, const sdr_header &header, sdr_iterator &sto
         const ipmi_answer got = exchange(read_record(store, header.id, uint8_t(offset), uint8_t(size)));
         if (got.refused_with(reservation_cancelled)) {
             sdr_diagnose("SDR reservation cancelled. Sleeping a bit and retrying...");
-            if (!renew_reservation(store))  // as often as it takes, unlike for a header
+            const bool may_renew = !store.is_strict || ++refusals < most_refusals;
+            if (!may_renew)
+                g_error_code = got.error_code();
+            if (!may_renew || !renew_reservation(store))  // Kept: a search goes on for ever, unlike for a header
                 return false;
             continue;
         }
@@ -347,8 +365,12 @@ static bool fill_body(uint8_t *body, const sdr_header &header, sdr_iterator &sto
             g_error_code = got.error_code();
             return false;
         }
+        if (store.is_strict && got.data.size() < next_id_length + size) {
+            g_error_code = error_no_answer;
+            return false;
+        }
         ipmi_reader piece(got.data);
-        piece.skip(2).bytes({body + position, size});  // behind the next record's id
+        piece.skip(next_id_length).bytes({body + position, size});
         position += sdr_read_size;
     }
     return true;
@@ -448,8 +470,7 @@ static bool asked_in_vain;
 const sdr_record *sdr_find_by_number(uint8_t number, uint8_t type)
 {
     const auto wanted = [number, type](const sdr_record &record) {
-        return record.sensor_number() == number && layout_of(record.type)->sensor_type != 0 &&
-               record.sensor_type() == type;
+        return record.sensor_number() == number && record.is_sensor() && record.sensor_type() == type;
     };
     if (asked_in_vain)
         return find_kept(wanted);
@@ -460,4 +481,78 @@ const sdr_record *sdr_find_by_number(uint8_t number, uint8_t type)
     is_silent = false;
     asked_in_vain = found == nullptr;
     return found;
+}
+
+// All of them -------------------------------------------------------------------------------------------------------
+
+static sdr_iterator all_records;  // without a reservation until a record was refused in one piece
+static bool in_pieces;
+static uint8_t current_body[UINT8_MAX + 1];
+static sdr_record current;
+
+bool sdr_open_for_all(std::span<const uint8_t> device)
+{
+    all_records = {.reservation = 0, .record_count = 0, .next_record = 0, .is_strict = true};
+    return choose_source(device);
+}
+
+static sdr_step failed(sdr_step::kind how, uint16_t id, uint32_t reason)
+{
+    g_error_code = reason;
+    return {how, id, nullptr};
+}
+
+/// Makes a header's record the current one, with an empty body.
+static sdr_step begin_record(const sdr_header &header, uint16_t id)
+{
+    memset(current_body, 0, sizeof current_body);
+    current = {id, header.type, header.length, nullptr, current_body};
+    return {sdr_step::kind::record, id, &current};
+}
+
+static sdr_step next_in_pieces()
+{
+    const uint16_t id = all_records.next_record;
+    const sdr_header *const header = sdr_get_next_header(all_records);
+    if (header == nullptr)
+        return {sdr_step::kind::failed, id, nullptr};
+    const sdr_step step = begin_record(*header, id);
+    if (current.is_sensor() && !fill_body(current_body, *header, all_records))
+        return {sdr_step::kind::lost, id, nullptr};
+    return step;
+}
+
+/// What begins at the beginning of a record needs no reservation (IPMI 2.0, Get SDR).
+static sdr_step next_whole()
+{
+    static constexpr uint8_t whole_record = 0xFF;
+    const uint16_t id = all_records.next_record;
+    const ipmi_answer got = exchange(read_record(all_records, id, 0, whole_record));
+    if (got.refused()) {
+        in_pieces = true;
+        return reserve(all_records) ? next_in_pieces() : sdr_step{sdr_step::kind::failed, id, nullptr};
+    }
+    if (!got.ok())
+        return {sdr_step::kind::failed, id, nullptr};
+    if (got.data.size() < next_id_length)
+        return failed(sdr_step::kind::failed, id, error_no_answer);
+    note_as_read(id);
+    const sdr_header header = header_of(got.data);
+    all_records.next_record = header.next_record;
+    if (got.data.size() < next_id_length + header_length + header.length)
+        return failed(sdr_step::kind::lost, id, error_no_answer);
+    const sdr_step step = begin_record(header, id);
+    ipmi_reader(got.data).skip(next_id_length + header_length).bytes({current_body, header.length});
+    return step;
+}
+
+sdr_step sdr_next()
+{
+    for (;;) {
+        if (all_records.next_record == last_record || was_read(all_records.next_record))
+            return {sdr_step::kind::end, all_records.next_record, nullptr};
+        const sdr_step step = in_pieces ? next_in_pieces() : next_whole();
+        if (step.is != sdr_step::kind::record || step.record->is_sensor())
+            return step;
+    }
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 /// A record that has been read, in the order of reading.
@@ -16,6 +17,7 @@ struct sdr_record {
     uint8_t at(unsigned offset) const { return offset < length ? body[offset] : uint8_t(0); }
     uint8_t sensor_number() const { return at(2); }
     uint8_t sensor_type() const;
+    bool is_sensor() const;
     /// The ID string, up to 31 characters; empty for a record that has none.
     std::string_view id_string() const;
 };
@@ -31,6 +33,21 @@ constexpr uint32_t error_sensor_not_found = 0x40000003, error_empty_record = 0x4
 const sdr_record *sdr_find_by_name(const char *name);
 /// The same by sensor number and type, but without a text of its own. Once there was none it reads no further.
 const sdr_record *sdr_find_by_number(uint8_t number, uint8_t type);
+
+/// All records one after the other, with as few requests as there can be: each whole, which needs no reservation. Where
+/// the controller refuses that, it is reserved, and from there on records are read in pieces.
+///   device    the data of a Get Device ID answer, which say what records the controller offers
+///   returns   false = none
+bool sdr_open_for_all(std::span<const uint8_t> device);
+
+struct sdr_step {
+    enum class kind : uint8_t { record, lost, end, failed } is;
+    uint16_t id;               // of the record
+    const sdr_record *record;  // a sensor's
+};
+/// The next sensor's record; others are passed over. A record that is lost could not be read, and there may be more
+/// after it; after a failure there is no way to get on. Of both g_error_code says why.
+sdr_step sdr_next();
 
 /// Prints what the reader does: 1 or 3 its steps, 1 or 4 the records read. Stays 0 in the tool.
 extern int sdr_verbosity;

@@ -5,6 +5,7 @@
 #include "tests/unit/conversation.h"
 #include "tests/unit/failing_call.h"
 
+#include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -294,5 +295,183 @@ TEST_F(sdr_reader, is_not_asked_for_sensor_after_sensor_once_one_was_not_found)
                       EXPECT_NE(sdr_find_by_number(0x11, 0x14), nullptr);
                   }),
                   "Select OutTime \r\n");
+    });
+}
+
+// All records, one after the other ----------------------------------------------------------------------------------
+
+/// What sdr_next() said, one word for each step: the sensor's number, "lost", "end" or "failed".
+static std::string steps(unsigned count)
+{
+    std::string all;
+    for (; count > 0; --count) {
+        const sdr_step step = sdr_next();
+        all += step.is == sdr_step::kind::record ? std::to_string(step.record->sensor_number())
+               : step.is == sdr_step::kind::lost ? "lost"
+               : step.is == sdr_step::kind::end  ? "end"
+                                                 : "failed";
+        all += ' ';
+    }
+    return all;
+}
+
+class all_records : public sdr_reader
+{
+protected:
+    const std::array<uint8_t, 11> with_repository = {0x20, 0x01, 0x01, 0x00, 0x02, 0x02, 0x57, 0x01, 0x00, 0x00, 0x00};
+    const std::array<uint8_t, 11> with_device_sdrs = {0x20, 0x81, 0x01, 0x00, 0x02, 0x01, 0x57, 0x01, 0x00, 0x00, 0x00};
+    const std::array<uint8_t, 11> with_none = {0x20, 0x81, 0x01, 0x00, 0x02, 0x04, 0x57, 0x01, 0x00, 0x00, 0x00};
+
+    void open_repository() { ASSERT_TRUE(sdr_open_for_all(with_repository)); }
+    /// One request for the whole record, without a reservation.
+    void whole(const std::string &id, const std::string &ending) { wire("0A 23  00 00 " + id + " 00 FF", ending); }
+    void whole_record(const std::string &id, const std::string &next, const std::string &body)
+    {
+        whole(id, "00 " + next + " " + id + " 51 03 10 " + body);
+    }
+};
+
+TEST_F(all_records, take_one_request_each_and_no_reservation)
+{
+    alone([this] {
+        open_repository();
+        whole_record("00 00", "02 00", temp);
+        whole_record("02 00", "FF FF", door);
+        EXPECT_EQ(steps(3), "17 18 end ");
+        EXPECT_EQ(steps(1), "end ");
+    });
+}
+
+TEST_F(all_records, that_describe_no_sensor_are_passed_over)
+{
+    alone([this] {
+        open_repository();
+        whole("00 00", "00 02 00 01 00 51 12 01 20");  // a locator
+        whole("02 00", "00 03 00 02 00 51 C0 01 20");  // the maker's
+        whole_record("03 00", "FF FF", door);
+        EXPECT_EQ(steps(2), "18 end ");
+    });
+}
+
+TEST_F(all_records, of_the_device_itself)
+{
+    alone([this] {
+        ASSERT_TRUE(sdr_open_for_all(with_device_sdrs));
+        wire("04 21  00 00 00 00 00 FF", "00 FF FF 01 00 51 03 10 " + temp);
+        EXPECT_EQ(steps(2), "17 end ");
+    });
+}
+
+TEST_F(all_records, are_none_without_a_store)
+{
+    alone([this] { EXPECT_FALSE(sdr_open_for_all(with_none)); });
+}
+
+TEST_F(all_records, come_in_pieces_where_one_piece_is_refused)
+{
+    alone([this] {
+        open_repository();
+        whole_record("00 00", "02 00", temp);
+        whole("02 00", "CA");
+        wire("0A 22", "00 34 12");
+        record("02 00", "03 00", door);
+        wire("0A 23  34 12 03 00 00 05", "00 04 00 03 00 51 12 10");  // of a locator the header is enough
+        record("04 00", "FF FF", temp);
+        EXPECT_EQ(steps(4), "17 18 17 end ");
+    });
+}
+
+TEST_F(all_records, reserve_anew_when_a_command_took_the_reservation)
+{
+    alone([this] {
+        open_repository();
+        whole("00 00", "CA");
+        wire("0A 22", "00 01 00");
+        wire("0A 23  01 00 00 00 00 05", "C5");
+        wire("0A 22", "00 02 00");
+        wire("0A 23  02 00 00 00 00 05", "00 FF FF 01 00 51 03 10");
+        wire("0A 23  02 00 00 00 05 10", "C5");
+        wire("0A 22", "00 03 00");
+        wire("0A 23  03 00 00 00 05 10", "00 FF FF " + temp);
+        EXPECT_EQ(steps(2), "17 end ");
+    });
+}
+
+TEST_F(all_records, do_not_reserve_for_ever)
+{
+    alone([this] {
+        open_repository();
+        whole("00 00", "CA");
+        wire("0A 22", "00 01 00");
+        wire("0A 23  01 00 00 00 00 05", "00 02 00 01 00 51 03 10");
+        for (int time = 0; time < 4; ++time) {
+            wire("0A 23  01 00 00 00 05 10", "C5");
+            wire("0A 22", "00 01 00");
+        }
+        wire("0A 23  01 00 00 00 05 10", "C5");
+        wire("0A 23  01 00 02 00 00 05", "00 FF FF 02 00 51 03 10");
+        wire("0A 23  01 00 02 00 05 10", "00 FF FF " + door);
+        EXPECT_EQ(steps(1), "lost ");
+        EXPECT_EQ(g_error_code, 0x0A2300C5U);
+        EXPECT_EQ(steps(2), "18 end ");
+    });
+}
+
+TEST_F(all_records, end_where_the_way_on_is_lost)
+{
+    for (const char *ending : {"silent", "00", "00 02"})
+        alone([this, ending] {
+            open_repository();
+            whole("00 00", ending);
+            EXPECT_EQ(steps(1), "failed ");
+            EXPECT_EQ(g_error_code, 0x40000001U);
+        });
+    alone([this] {
+        open_repository();
+        whole("00 00", "C1");
+        wire("0A 22", "C1");
+        EXPECT_EQ(steps(1), "failed ");
+        EXPECT_EQ(g_error_code, 0x0A2200C1U);
+    });
+    alone([this] {
+        open_repository();
+        whole("00 00", "CA");
+        wire("0A 22", "00 34 12");
+        wire("0A 23  34 12 00 00 00 05", "silent");
+        EXPECT_EQ(steps(1), "failed ");
+        EXPECT_EQ(g_error_code, 0x40000001U);
+    });
+}
+
+TEST_F(all_records, one_that_is_too_short_is_lost_and_the_next_is_read)
+{
+    alone([this] {
+        open_repository();
+        whole("00 00", "00 02 00 01 00 51 03 10 20 00 11");
+        whole_record("02 00", "FF FF", door);
+        EXPECT_EQ(steps(1), "lost ");
+        EXPECT_EQ(g_error_code, 0x40000001U);
+        EXPECT_EQ(steps(2), "18 end ");
+    });
+    alone([this] {
+        open_repository();
+        whole("00 00", "CA");
+        wire("0A 22", "00 34 12");
+        wire("0A 23  34 12 00 00 00 05", "00 02 00 01 00 51 03 10");
+        wire("0A 23  34 12 00 00 05 10", "00 02 00 20 00 11");
+        record("02 00", "FF FF", door);
+        EXPECT_EQ(steps(1), "lost ");
+        EXPECT_EQ(g_error_code, 0x40000001U);
+        EXPECT_EQ(steps(2), "18 end ");
+    });
+}
+
+TEST_F(all_records, that_lead_back_end_there)
+{
+    alone([this] {
+        open_repository();
+        whole_record("00 00", "02 00", temp);
+        whole_record("02 00", "02 00", door);
+        EXPECT_EQ(steps(3), "17 18 end ");
     });
 }
