@@ -41,6 +41,7 @@ start_controller() {
         state=state-of-${board##*/} # one with other sensors would not fit
     elif [[ -n $board ]]; then
         its_board=(--board "$board")
+        [[ $board == default ]] || state=state-of-$board-board.json # who tells its sensors is part of the state
     fi
     exec {ready}< <(
         exec {start_lock}>&- {desks_lock}>&-

@@ -522,6 +522,12 @@ class desk(unittest.TestCase):
         self.wait_for_controllers_end()
         self.assertEqual(self.sdrs()["source"], "repository")
 
+    def test_built_in_boards_have_states_of_their_own(self):
+        for board in ("device-sdrs", "default", "short-reads"):
+            out = self.output_of("--board", board, "cfgtool", "-t", "sensor", "-d", "uppercritical", "-v", "CPU1 Temp", "90")
+            self.assertEqual(out, b"Set sensor upper critical successfully.\r\n", board)
+            self.wait_for_controllers_end()
+
     def test_board_of_ones_own(self):
         self.output_of("cfgtool", "-d", "fanlevel", "-v", "60")
         records = '[{"record": "full", "name": "12V", "number": 1, "type": "voltage", "at": "system board 1"}]'
