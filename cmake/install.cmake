@@ -4,7 +4,7 @@
 #   platform    the platform library for plain Linux; a board with a library of its own leaves it out
 #   manual      manual pages, completion, documentation, examples
 #   dev         what it takes to write a platform library, or to use this one
-#   simulator   the simulated controller and the files of its disk
+#   simulator   the simulated controller, the files of its disk, and the platform library that heeds everybody
 #
 # packaging/files lists them all. Modes of files are those written here, whatever umask and checkout.
 set(file_mode OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
@@ -40,6 +40,8 @@ install(FILES ipmcd/disk/data/cli.conf packaging/examples/blacklist
 
 if(TARGET ipmcd)
     install(TARGETS ipmcd RUNTIME PERMISSIONS ${program_mode} COMPONENT simulator)
+    install(TARGETS zentro_platform_simulator LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/cfgtool/simulator
+            PERMISSIONS ${file_mode} COMPONENT simulator NAMELINK_SKIP)
     install(FILES docs/ipmcd.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT simulator)
     install(DIRECTORY ipmcd/disk DESTINATION ${CMAKE_INSTALL_DATADIR}/cfgtool COMPONENT simulator
             FILE_PERMISSIONS ${file_mode}

@@ -22,8 +22,6 @@ if(CMAKE_CROSSCOMPILING) # Debian's cross compiler has its libraries there
     execute_process(COMMAND dpkg-architecture -t${CMAKE_LIBRARY_ARCHITECTURE} -qDEB_HOST_ARCH ERROR_QUIET
                     OUTPUT_VARIABLE CPACK_DEBIAN_PACKAGE_ARCHITECTURE OUTPUT_STRIP_TRAILING_WHITESPACE)
 endif()
-set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
-set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 if(CFGTOOL_PACKED_RELOCATIONS)
     set(loader "libc6 (>= 2.36)")
 endif()
@@ -43,7 +41,11 @@ log.")
 set(CPACK_DEBIAN_PLATFORM_PACKAGE_NAME libzentro-platform1)
 set(CPACK_DEBIAN_PLATFORM_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_PLATFORM_PACKAGE_DEPENDS ${loader})
-set(CPACK_DEBIAN_PLATFORM_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/debian/triggers)
+# cpack would name the simulator's package beside it, whose library is for nobody else.
+file(WRITE ${PROJECT_BINARY_DIR}/debian/shlibs
+     "libzentro_platform 1 libzentro-platform1 (>= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})\n")
+set(CPACK_DEBIAN_PLATFORM_PACKAGE_CONTROL_EXTRA
+    ${PROJECT_SOURCE_DIR}/packaging/debian/triggers ${PROJECT_BINARY_DIR}/debian/shlibs)
 set(CPACK_DEBIAN_PLATFORM_DESCRIPTION "platform library of a board-management controller, for plain Linux
 What cfgtool asks of the controller that it runs on: messages, files,
 programs, operation log, hardware. This library does it with what any Linux

@@ -14,6 +14,7 @@
 /// unless the board file says so.
 #include "platform/linux/exported.h"
 #include "platform/linux/files.h"
+#include "platform/linux/settings.h"
 
 #include <bit>
 #include <cerrno>
@@ -79,15 +80,21 @@ public:
     }
 
 private:
-    static const char *path()
-    {
-        const char *told = secure_getenv("ZENTRO_BOARD_FILE");
-        return told != nullptr ? told : "/data/linux-board.conf";
-    }
-    static bool is_there() { return access(path(), F_OK) == 0 || errno != ENOENT; }
+    static const char *path() { return setting("ZENTRO_BOARD_FILE", "/data/linux-board.conf"); }
+    static bool is_there() { return access(disk_path(path()).text(), F_OK) == 0 || errno != ENOENT; }
 
     void *const file;
 };
+
+/// In the simulator's library the machine has no devices.
+static int open_device(const char *path, int mode)
+{
+    if (is_simulator() && !has_disk()) {
+        errno = ENOENT;
+        return -1;
+    }
+    return open(disk_path(path).text(), mode | O_CLOEXEC);
+}
 
 // I2C ---------------------------------------------------------------------------------------------------------------
 
@@ -104,7 +111,7 @@ static int read_eeprom_file(const char *path, const unsigned char *write, int wr
                             int read_length)
 {
     off_t size = 0;
-    const descriptor image(open_regular(path, &size));
+    const descriptor image(open_regular(disk_path(path).text(), &size));
     if (image.fd < 0)
         return failure();
     if (write_length != 2 || size < 4096 || size > 65536 || !std::has_single_bit(uint64_t(size)))
@@ -119,7 +126,7 @@ static int read_eeprom_file(const char *path, const unsigned char *write, int wr
 static int transfer(const char *device_path, int address, const unsigned char *write, int write_length,
                     unsigned char *read, int read_length)
 {
-    const descriptor device(open(device_path, O_RDWR | O_CLOEXEC));
+    const descriptor device(open_device(device_path, O_RDWR));
     if (device.fd < 0)
         return failure();
     const auto chip = uint16_t(address >> 1);
@@ -176,7 +183,7 @@ static int open_flash(const char *path, int mode, uint64_t offset, uint64_t leng
     const board_file board;
     const char *key = flash_key(path), *file = key != nullptr ? board.named(key) : nullptr;
     off_t size = 0;
-    const int fd = file != nullptr ? open_regular(file, &size, mode) : open(path, mode | O_CLOEXEC);
+    const int fd = file != nullptr ? open_regular(disk_path(file).text(), &size, mode) : open_device(path, mode);
     if (fd < 0)
         return -1;
     const bool is_flash = file != nullptr ? describe_file(uint64_t(size), about) : ioctl(fd, MEMGETINFO, about) == 0;
@@ -262,7 +269,7 @@ int spi_flash_copy(const char *device, unsigned device_offset, const char *file,
 /// none grows.
 static bool set_control(const char *path, char value)
 {
-    const descriptor control(open(path, O_RDWR | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
+    const descriptor control(open(disk_path(path).text(), O_RDWR | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
     const char text[] = {value, '\n'};
     char now[sizeof text];
     return control.fd >= 0 && read_at(control.fd, now, sizeof now, 0) && lseek(control.fd, 0, SEEK_SET) == 0 &&

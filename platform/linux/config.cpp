@@ -12,6 +12,7 @@
 /// A position is the number of bytes up to and including the first of the section or key: 1 is the file's first byte.
 #include "platform/linux/exported.h"
 #include "platform/linux/files.h"
+#include "platform/linux/settings.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -50,7 +51,7 @@ static span trimmed(span text)
 void *CfgFileOpenReadOnly(const char *path)
 {
     size_t length = 0;
-    char *text = read_whole(path, longest_file, &length);
+    char *text = read_whole(disk_path(path).text(), longest_file, &length);
     auto *file = static_cast<config_file *>(malloc(sizeof(config_file)));
     auto *values = static_cast<char *>(malloc(length + 1));
     if (text == nullptr || file == nullptr || values == nullptr) {

@@ -2,6 +2,7 @@
 /// then looked up by binary search.
 #include "platform/linux/exported.h"
 #include "platform/linux/files.h"
+#include "platform/linux/settings.h"
 
 #include <cerrno>
 #include <cstdint>
@@ -234,7 +235,7 @@ int event_parse_init(const char *path)
 {
     unload();
     size_t length = 0;
-    table.text = read_whole(path, longest_file, &length);
+    table.text = read_whole(disk_path(path).text(), longest_file, &length);
     if (table.text == nullptr)
         return 0;
     size_t room = size_t(count_lines(table.text, length));

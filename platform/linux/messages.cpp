@@ -5,6 +5,7 @@
 /// anybody but that service put a message into it. Every wait is bounded: 2000 ms, or ZENTRO_IPC_TIMEOUT_MS (1 to
 /// 60000).
 #include "platform/linux/exported.h"
+#include "platform/linux/settings.h"
 
 #include <cerrno>
 #include <cstdint>
@@ -32,7 +33,7 @@ static struct {
 
 static long timeout_wanted()
 {
-    const char *text = secure_getenv("ZENTRO_IPC_TIMEOUT_MS");
+    const char *text = setting("ZENTRO_IPC_TIMEOUT_MS", nullptr);
     if (text == nullptr)
         return default_timeout_ms;
     char *end = nullptr;
@@ -71,8 +72,8 @@ static bool connect_to(unsigned port)
 {
     sockaddr_un service{};
     service.sun_family = AF_UNIX;
-    const char *folder = secure_getenv("ZENTRO_IPC_DIR");
-    if (folder == nullptr || *folder == '\0')
+    const char *folder = setting("ZENTRO_IPC_DIR", "");
+    if (*folder == '\0')
         folder = default_folder;
     const int length = snprintf(service.sun_path, sizeof service.sun_path, "%s/%u", folder, port);
     if (length < 0 || size_t(length) >= sizeof service.sun_path)

@@ -10,11 +10,11 @@
 /// Nobody waits for it and nobody learns whether it arrived.
 #include "platform/linux/exported.h"
 #include "platform/linux/files.h"
+#include "platform/linux/settings.h"
 
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/file.h>
@@ -41,12 +41,6 @@ struct line {
     }
     void add(char byte) { bytes[used++] = byte; }
 };
-
-static const char *setting(const char *variable, const char *otherwise)
-{
-    const char *value = secure_getenv(variable);
-    return value != nullptr ? value : otherwise;
-}
 
 // The fields --------------------------------------------------------------------------------------------------------
 
@@ -178,7 +172,8 @@ static bool append(const char *path, const char *text, size_t count)
 
 static void tell_syslog(const char *text, size_t count)
 {
-    const char *path = setting("ZENTRO_SYSLOG", default_syslog);
+    const disk_path usual(default_syslog);
+    const char *path = setting("ZENTRO_SYSLOG", usual.text());
     sockaddr_un syslog{};
     syslog.sun_family = AF_UNIX;
     if (*path == '\0' || strlen(path) >= sizeof syslog.sun_path)
@@ -206,7 +201,7 @@ int vos_zentro_log(unsigned log_class, const char *user, const char *origin, con
     add_field(text, module, identity_limit);
     add_field(text, record, record_limit);
     text.add('\n');
-    const bool written = append(setting("ZENTRO_OPLOG", default_log), text.bytes, text.used);
+    const bool written = append(setting("ZENTRO_OPLOG", disk_path(default_log).text()), text.bytes, text.used);
 
     // The system's log has a time of its own: its head takes the place of ours, and of the tab behind it.
     char *const message = text.bytes + time_length + 1 - (sizeof syslog_head - 1);

@@ -3,7 +3,7 @@
 
 # Without an output when nothing is to do; $repository/build/desk.log has what the compiler said.
 make_programs() {
-    local building log=$build/desk.log wanted=("${programs[@]}" manual-pages)
+    local building log=$build/desk.log wanted=("${programs[@]}" zentro_platform_simulator manual-pages)
     "$repository/scripts/install-packages" run || die 'it cannot go on without these packages.'
     mkdir -p "$build"
     exec {building}<"$build"

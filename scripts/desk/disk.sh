@@ -21,23 +21,10 @@ make_disk() {
     if [[ ! -e $desk/lock/disk-made ]]; then
         mkdir -p "$desk"/data/{home,log} "$desk/ipmc/usr"
         cp -Rn "$repository/ipmcd/disk"/{data,ipmc,web} "$desk"
-        make_board
+        truncate -s 16M "$desk/data/board/bios-flash"
         touch "$desk/lock/disk-made"
     fi
     (cd "$desk" && mkdir -p "${disk_folders[@]}" ipmc/{bin,lib,share} controller)
-}
-
-# The files that stand for the board's devices, as data/linux-board.conf names them. Every 64 bytes of the EEPROM tell
-# where they are.
-make_board() {
-    local board=$desk/data/board offset text
-    mkdir -p "$board"
-    echo 0 | tee "$board/bios-owner" >"$board/bios-print"
-    truncate -s 16M "$board/bios-flash"
-    for ((offset = 0; offset < 0x4000; offset += 64)); do
-        printf -v text 'EEPROM of the board, bytes 0x%04X to 0x%04X' "$offset" $((offset + 63))
-        printf '%-63s\n' "$text"
-    done >"$board/eeprom"
 }
 
 remove_disk() {

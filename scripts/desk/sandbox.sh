@@ -28,7 +28,7 @@ describe_sandbox() {
         sandbox+=(--bind "$desk/$folder" "/$folder")
     done
     sandbox+=(--bind "$desk/run" /run/zentro)
-    sandbox+=(--ro-bind "$build/bin" /ipmc/bin --ro-bind "$build/lib" /ipmc/lib)
+    sandbox+=(--ro-bind "$build/bin" /ipmc/bin --ro-bind "$build/$library" /ipmc/lib)
     [[ ! -d $build/share ]] || sandbox+=(--ro-bind "$build/share" /ipmc/share)
     # Where they are on the machine as well: paths that the user types, and what a coverage build writes.
     sandbox+=(--ro-bind "$repository" "$repository" --bind "$build" "$build")

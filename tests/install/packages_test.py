@@ -195,15 +195,27 @@ class packages(Test):
         if "simulator" in LEFT_OUT:
             self.skipTest("ipmcd is not built: its packages are not installed")
         self.make_machine()
+        for program in ("/bin/mkdir", "/bin/cp", "/usr/bin/unshare", "/bin/sleep"):
+            self.copy_to_machine(program)
+            for library in re.findall(r"(/\S+) \(0x", run("ldd", program).stdout):
+                self.copy_to_machine(library)
         self.dpkg("-i", *(self.deb(package) for package in ("cfgtool", "libzentro-platform1", "cfgtool-simulator")))
-        shutil.copytree(self.root / "usr/share/cfgtool/disk", self.root / "tmp/disk", symlinks=True)
-        controller = subprocess.Popen(self.inside("ipmcd", "--disk", "/tmp/disk"), env=self.environment, text=True,
-                                      stdin=subprocess.DEVNULL, stdout=subprocess.PIPE)
-        with controller:
-            self.addCleanup(controller.kill)
-            self.assertEqual(controller.stdout.readline(), "ready\n")
-            self.assertIn("Manual Fan Level:    60%", self.answer("cfgtool", "-d", "fanlevel", "-v", "60"))
-            controller.terminate()
+        page = (PACKAGING.parent / "docs/installing.md").read_text()
+        lines = re.findall(r"^    \$ (.*)$", page.split("## A simulated controller")[1].split("\n## ")[0], re.M)
+        self.assertEqual(len(lines), 4)
+        wait = "while [ ! -e /tmp/board/run/2001 ]; do sleep 0.05; done"
+        script = "\n".join([*lines[:2], wait, *lines[2:], lines[3].replace("-d fanlevel -v 60", "-t maintenance -d readeeprom")])
+        said = self.answer("/bin/sh", "-c", script + "\nkill $!")
+        self.assertRegex(said, r"^ready\nSet fan level successfully\.\n[^\n]*\nManual Fan Level: {4}60%\n\.{78}\n")
+        self.assertTrue(said.endswith("....\nRead eeprom to file /tmp/eeprom.bin successfully.\n"), said)
+        self.assertEqual((self.root / "tmp/eeprom.bin").read_bytes(), (self.root / "tmp/board/disk/data/board/eeprom").read_bytes())
+        self.assertEqual(len((self.root / "tmp/board/disk/data/log/operation.log").read_text().splitlines()), 2)
+
+    def test_leave_the_installed_library_to_the_tool(self):
+        """The simulator's library is for whoever asks for it; no other package may be built against it."""
+        self.assertEqual({package for package, deb in self.debs().items()
+                          if "./shlibs" in run("dpkg-deb", "--ctrl-tarfile", deb, text=False).stdout.decode("latin1")},
+                         {"libzentro-platform1"})
 
 
 if __name__ == "__main__":

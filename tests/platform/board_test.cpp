@@ -13,8 +13,6 @@ class board : public test_folder
 {
 protected:
     ~board() override { fake = {}; }
-
-    const variable no_board_file{"ZENTRO_BOARD_FILE", path("no-board-file")};
 };
 
 TEST_F(board, a_plain_machine_has_neither_cpld_nor_fpga)
@@ -195,8 +193,7 @@ TEST_F(flash, what_is_no_flash_is_refused)
 
 TEST_F(board, the_bios_owner_is_set_where_the_board_file_says)
 {
-    const variable named("ZENTRO_BOARD_FILE",
-                         write("board", "# this board\nbios_owner_gpio = " + write("value", "0\n") + "\n"));
+    fake.board_file = write("board", "# this board\nbios_owner_gpio = " + write("value", "0\n") + "\n");
     EXPECT_EQ(set_bios_owner(1), 0);
     EXPECT_EQ(contents(path("value")), "1\n");
     EXPECT_EQ(set_bios_owner(0), 0);
@@ -208,12 +205,11 @@ TEST_F(board, the_bios_owner_is_set_where_the_board_file_says)
 
 TEST_F(board, without_a_way_to_set_it_the_bios_owner_is_a_failure)
 {
-    const variable absent("ZENTRO_BOARD_FILE", path("absent"));
     EXPECT_EQ(set_bios_owner(1), -1);
     for (const std::string &text :
          {std::string(), std::string("bios_owner_gpio =\n"), "bios_owner_gpio=" + path("none"),
           std::string("bios_owner_gpio = /dev/null"), "[other]\nbios_owner_gpio=" + write("value", "0\n")}) {
-        setenv("ZENTRO_BOARD_FILE", write("board", text).c_str(), 1);
+        fake.board_file = write("board", text);
         EXPECT_EQ(set_bios_owner(1), -1) << text;
     }
     EXPECT_EQ(contents(path("value")), "0\n");

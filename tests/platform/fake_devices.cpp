@@ -8,11 +8,14 @@
 #include <linux/i2c.h>
 #include <mtd/mtd-user.h>
 #include <sys/ioctl.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 fake_devices fake;
+fake_machine machine;
 
 static bool is_file(int fd, const std::string &path)
 {
@@ -61,6 +64,10 @@ static int erase(int fd, const erase_info_user &range)
     return pwrite(fd, blank.data(), blank.size(), range.start) == ssize_t(blank.size()) ? 0 : -1;
 }
 
+static constexpr char board_file[] = "/data/linux-board.conf", operation_log[] = "/data/log/operation.log";
+
+static std::string path_of(const sockaddr *address) { return reinterpret_cast<const sockaddr_un *>(address)->sun_path; }
+
 extern "C" {
 
 [[gnu::visibility("default")]] int open(const char *path, int flags, ...)
@@ -73,12 +80,51 @@ extern "C" {
         path = fake.i2c_path.c_str();
     if (!fake.mtd_path.empty() && strcmp(path, "/dev/mtd6") == 0)
         path = fake.mtd_path.c_str();
+    if (strcmp(path, board_file) == 0)
+        path = fake.board_file.c_str();
+    if (strcmp(path, operation_log) == 0)
+        path = machine.operation_log.c_str();
     return openat(AT_FDCWD, path, flags, mode);
 }
 
 /// What a call of open() without a mode becomes where the compiler checks buffers and arguments.
 [[gnu::visibility("default")]] int __open_2(const char *path, int flags);
 int __open_2(const char *path, int flags) { return open(path, flags); }
+
+[[gnu::visibility("default")]] int access(const char *path, int mode) noexcept
+{
+    return faccessat(AT_FDCWD, strcmp(path, board_file) == 0 ? fake.board_file.c_str() : path, mode, 0);
+}
+
+[[gnu::visibility("default")]] int getresuid(uid_t *real, uid_t *effective, uid_t *saved) noexcept
+{
+    if (!machine.user)
+        return int(syscall(SYS_getresuid, real, effective, saved));
+    *real = *effective = *saved = *machine.user;
+    return 0;
+}
+
+[[gnu::visibility("default")]] int fstat(int fd, struct stat *about) noexcept
+{
+    const int done = fstatat(fd, "", about, AT_EMPTY_PATH);
+    if (done == 0 && machine.file_owner)
+        about->st_uid = *machine.file_owner;
+    return done;
+}
+
+[[gnu::visibility("default")]] int connect(int, const sockaddr *to, socklen_t)
+{
+    machine.reached = path_of(to);
+    errno = ENOENT;
+    return -1;
+}
+
+[[gnu::visibility("default")]] ssize_t sendto(int, const void *bytes, size_t count, int, const sockaddr *to, socklen_t)
+{
+    machine.reached = path_of(to);
+    machine.to_system_log.emplace_back(static_cast<const char *>(bytes), count);
+    return ssize_t(count);
+}
 
 [[gnu::visibility("default")]] int ioctl(int fd, unsigned long request, ...) noexcept
 {

@@ -1,10 +1,15 @@
-/// An I2C bus (/dev/i2c-2) and a flash device (/dev/mtd6) made of files of the test. The libc calls open and ioctl, as
-/// the library reaches them, end here and are passed on where they are meant for something else.
+/// An I2C bus (/dev/i2c-2), a flash device (/dev/mtd6) and the board file, made of files of the test. The libc calls
+/// open, access and ioctl, as the library reaches them, end here and are passed on where they are meant for something
+/// else.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <vector>
 
 struct fake_devices {
+    std::string board_file = "/absent";
+
     std::string i2c_path, i2c_memory;  // one device, at 0x50; two offset bytes, most significant first
     int i2c_chip = -1, i2c_transfers = 0, i2c_messages_done = 2;
 
@@ -14,4 +19,14 @@ struct fake_devices {
     bool erase_fails = false;
     long stuck_byte = -1;  // takes no other value than 0x55 and is found once it was erased
 };
+
+/// Who runs the library, and what the machine's own paths are to it.
+struct fake_machine {
+    std::optional<unsigned> user;        // real, effective and saved
+    std::optional<unsigned> file_owner;  // of every file
+    std::string operation_log;           // where /data/log/operation.log is; empty = not there
+    std::string reached;                 // the last socket that somebody connected to or sent to
+    std::vector<std::string> to_system_log;
+};
+extern fake_machine machine;
 extern fake_devices fake;

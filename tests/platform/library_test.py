@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """What the library is as a file, and platform-check run over it. usage: library_test.py --library FILE --check FILE
---broken FILE [--lean] TEST...; --lean = a release build without sanitizers, whose symbols, needs and size count."""
+--broken FILE --simulator FILE [--lean] TEST...; --simulator is the library that heeds everybody's environment, --lean a
+release build without sanitizers, whose symbols, needs and size count."""
 
 import argparse
 import os
@@ -30,8 +31,9 @@ class Library(unittest.TestCase):
             code = re.sub(r"//.*|^#.*|__attribute__.*", "", header.read(), flags=re.MULTILINE)
         declared = set(re.findall(r"(\w+)\([^;]*?\)\s*;", code))
         self.assertGreater(len(declared), 30)
-        exported = {line.split()[-1] for line in lines_of("nm", "-D", "--defined-only", ARGUMENTS.library)}
-        self.assertEqual(exported, declared)
+        for library in (ARGUMENTS.library, ARGUMENTS.simulator):
+            exported = {line.split()[-1] for line in lines_of("nm", "-D", "--defined-only", library)}
+            self.assertEqual(exported, declared)
 
     def test_needs_libc_alone(self):
         dynamic = "\n".join(lines_of("readelf", "-dW", ARGUMENTS.library))
@@ -59,8 +61,9 @@ class Check(unittest.TestCase):
     def setUp(self):
         self.folder = tempfile.TemporaryDirectory()
         self.addCleanup(self.folder.cleanup)
-        self.environment = {**os.environ, "ZENTRO_IPC_DIR": self.folder.name, "ZENTRO_SYSLOG": "",
-                            "ZENTRO_IPC_TIMEOUT_MS": "5000", "ZENTRO_OPLOG": self.path("log")}
+        self.environment = {**os.environ, "LD_LIBRARY_PATH": os.path.dirname(ARGUMENTS.simulator),
+                            "ZENTRO_IPC_DIR": self.folder.name, "ZENTRO_IPC_TIMEOUT_MS": "5000", "ZENTRO_SYSLOG": "",
+                            "ZENTRO_OPLOG": self.path("log")}
 
     def path(self, name):
         return os.path.join(self.folder.name, name)
@@ -132,6 +135,7 @@ def main():
     parser.add_argument("--library", required=True)
     parser.add_argument("--check", required=True)
     parser.add_argument("--broken", required=True)
+    parser.add_argument("--simulator", required=True)
     parser.add_argument("--lean", action="store_true")
     _, rest = parser.parse_known_args(namespace=ARGUMENTS)
     unittest.main(argv=[sys.argv[0], *rest])

@@ -35,6 +35,7 @@ protected:
     stand_in()
     {
         fs::permissions(folder, fs::perms(0755));  // for the ordinary user
+        fake.board_file = path("board");
         fake.i2c_path = write("i2c-device", "");
         fake.i2c_memory = on_device;
         fake.mtd_path = write("mtd-device", on_device);
@@ -70,7 +71,6 @@ protected:
     }
 
     const std::string on_device = std::string(65536, 'D');
-    const variable board_file{"ZENTRO_BOARD_FILE", path("board")};
 };
 
 // EEPROM ------------------------------------------------------------------------------------------------------------
@@ -468,7 +468,7 @@ TEST_F(stand_in, of_a_board_file_that_cannot_be_read_is_not_guessed)
     fs::permissions(folder, fs::perms(0777));
     const ordinary_user permissions_count;
     for (const std::string &unreadable : {folder, endless, secret, image + "/below-a-file"}) {
-        setenv("ZENTRO_BOARD_FILE", unreadable.c_str(), 1);
+        fake.board_file = unreadable;
         const unsigned char position[] = {0, 0};
         unsigned char got[1];
         EXPECT_LT(i2c_write_read(2, 0xA0, position, 2, got, 1, 0), 0) << unreadable;
