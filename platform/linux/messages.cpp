@@ -21,6 +21,7 @@
 
 static constexpr char default_folder[] = "/run/zentro";
 static constexpr long default_timeout_ms = 2000, longest_timeout_ms = 60000;
+static constexpr int most_tries = 4;  // a busy service may replace its socket again while this side connects to it
 static constexpr size_t header_size = 32, max_payload = 1024;  // of the received record
 
 static struct {
@@ -129,7 +130,12 @@ static bool send_bounded(const void *message, size_t length)
     return false;
 }
 
-static bool service_went_away() { return errno == ECONNREFUSED || errno == ECONNRESET || errno == ENOTCONN; }
+/// EPIPE: it reads no longer from the socket that this one is connected to, but perhaps from a new one at the same
+/// path.
+static bool service_went_away()
+{
+    return errno == ECONNREFUSED || errno == ECONNRESET || errno == ENOTCONN || errno == EPIPE;
+}
 
 int ipc_no_listen_init(int)  // the address of a client is the kernel's choice, so its port identity is not needed
 {
@@ -142,11 +148,16 @@ int ipc_msg_send(const void *message, unsigned length, unsigned flags, unsigned 
 {
     if (!client.started || flags != 0 || (message == nullptr && length != 0))
         return -1;
-    if (!client.connected || client.port != port)
-        return reach(port) && send_bounded(message, length) ? 0 : -1;
-    if (send_bounded(message, length))
-        return 0;
-    return service_went_away() && reach(port) && send_bounded(message, length) ? 0 : -1;
+    bool reached = client.connected && client.port == port;
+    for (int tries = 0; tries < most_tries; ++tries, reached = false) {
+        if (!reached && !reach(port))
+            return -1;
+        if (send_bounded(message, length))
+            return 0;
+        if (!service_went_away())
+            return -1;
+    }
+    return -1;
 }
 
 /// The socket's own time-out does it in one call. A signal cuts that short; then the whole time-out starts again, once.

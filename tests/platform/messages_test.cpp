@@ -32,13 +32,7 @@ sockaddr_un address_of(const std::string &path)
 class service
 {
 public:
-    explicit service(const std::string &path_) : path(path_), fd(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0))
-    {
-        const sockaddr_un own = address_of(path);
-        EXPECT_EQ(bind(fd, reinterpret_cast<const sockaddr *>(&own), sizeof own), 0) << strerror(errno);
-        const timeval wait{5, 0};
-        setsockopt(fd, SOL_SOCKET, SO_RCVTIMEO, &wait, sizeof wait);
-    }
+    explicit service(const std::string &path_) : path(path_), fd(bound_to(path)) {}
     ~service()
     {
         close(fd);
@@ -47,6 +41,16 @@ public:
     service(const service &) = delete;
     service &operator=(const service &) = delete;
 
+    /// A new socket at the path; nobody can send to the old one any more.
+    void renew()
+    {
+        const int fresh = bound_to(path + ".new");
+        EXPECT_EQ(rename((path + ".new").c_str(), path.c_str()), 0);
+        EXPECT_EQ(shutdown(fd, SHUT_RD), 0);
+        EXPECT_GE(dup2(fresh, fd), 0);
+        close(fresh);
+    }
+    int descriptor() const { return fd; }
     std::string take()
     {
         char bytes[4096];
@@ -65,6 +69,15 @@ public:
     }
 
 private:
+    static int bound_to(const std::string &path)
+    {
+        const int made = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+        const sockaddr_un own = address_of(path);
+        EXPECT_EQ(bind(made, reinterpret_cast<const sockaddr *>(&own), sizeof own), 0) << strerror(errno);
+        const timeval wait{5, 0};
+        setsockopt(made, SOL_SOCKET, SO_RCVTIMEO, &wait, sizeof wait);
+        return made;
+    }
     bool send_from(int from, const std::string &bytes) const
     {
         return sendto(from, bytes.data(), bytes.size(), MSG_NOSIGNAL, reinterpret_cast<const sockaddr *>(&client),
@@ -171,6 +184,23 @@ TEST_F(messages, a_restarted_service_is_found_again)
     ASSERT_TRUE(other->answer("answer"));
     ASSERT_NE(ipc_msg_recv(received.data()), -1);
     EXPECT_EQ(payload_of(received), "answer");
+}
+
+/// The service keeps the old socket open, as it does while an answer is still to come from there.
+TEST_F(messages, a_service_that_reads_from_a_new_socket_only_is_found_again)
+{
+    start();
+    service other(socket_path());
+    ASSERT_EQ(send_text("first"), 0);
+    EXPECT_EQ(other.take(), "first");
+    const int old = dup(other.descriptor());
+    other.renew();
+    ASSERT_EQ(send_text("second"), 0);
+    EXPECT_EQ(other.take(), "second");
+    ASSERT_TRUE(other.answer("answer"));
+    ASSERT_NE(ipc_msg_recv(received.data()), -1);
+    EXPECT_EQ(payload_of(received), "answer");
+    close(old);
 }
 
 TEST_F(messages, nobody_but_the_service_can_answer)
