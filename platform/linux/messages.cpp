@@ -150,9 +150,7 @@ int ipc_msg_send(const void *message, unsigned length, unsigned flags, unsigned 
         return -1;
     bool reached = client.connected && client.port == port;
     for (int tries = 0; tries < most_tries; ++tries, reached = false) {
-        if (!reached && !reach(port))
-            return -1;
-        if (send_bounded(message, length))
+        if ((reached || reach(port)) && send_bounded(message, length))
             return 0;
         if (!service_went_away())
             return -1;
