@@ -95,23 +95,48 @@ static void remove_stale(const std::filesystem::path &path, int type, const sock
         refuse(path, strerror(errno));
 }
 
-bound_socket::bound_socket(std::filesystem::path path_, int type, mode_t mode)
-    : path(std::move(path_)), lock_path(path.native() + ".lock")
+/// From the mode of the socket the file at the path gets its own, less what the umask takes: right from the first
+/// moment. Datagrams come with their sender's account.
+static descriptor bind_socket(const std::filesystem::path &path, int type, mode_t mode)
+{
+    const sockaddr_un address = address_of(path);
+    descriptor made = open_socket(path, type | SOCK_NONBLOCK);
+    const int yes = 1;
+    if ((type == SOCK_DGRAM && setsockopt(made.get(), SOL_SOCKET, SO_PASSCRED, &yes, sizeof yes) != 0) ||
+        fchmod(made.get(), mode) != 0 ||
+        bind(made.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) != 0)
+        refuse(path, strerror(errno));
+    chmod(path.c_str(), mode);  // whatever the umask was
+    return made;
+}
+
+bound_socket::bound_socket(std::filesystem::path path_, int type_, mode_t mode_)
+    : path(std::move(path_)), lock_path(path.native() + ".lock"), type(type_), mode(mode_)
 {
     const sockaddr_un address = address_of(path);
     lock = take_lock(path, lock_path);
     try {
         remove_stale(path, type, address);
-        socket = open_socket(path, type | SOCK_NONBLOCK);
-        // From its mode the file at the path gets its own, less what the umask takes: right from the first moment.
-        if (fchmod(socket.get(), mode) != 0 ||
-            bind(socket.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) != 0)
-            refuse(path, strerror(errno));
+        socket = std::make_shared<const descriptor>(bind_socket(path, type, mode));
     } catch (...) {
         unlink(lock_path.c_str());
         throw;
     }
-    chmod(path.c_str(), mode);  // whatever the umask was
+}
+
+/// The new one is bound beside the path, under a name that is no longer, and renamed.
+void bound_socket::renew()
+{
+    const auto beside = path.parent_path() / "next";
+    remove_stale(beside, type, address_of(beside));
+    auto made = std::make_shared<const descriptor>(bind_socket(beside, type, mode));
+    if (rename(beside.c_str(), path.c_str()) != 0) {
+        const int why = errno;
+        unlink(beside.c_str());
+        refuse(path, strerror(why));
+    }
+    shutdown(socket->get(), SHUT_RD);
+    socket = std::move(made);
 }
 
 bound_socket::~bound_socket()

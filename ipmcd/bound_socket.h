@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <sys/types.h>
 
 namespace ipmcd
@@ -33,13 +34,21 @@ public:
     bound_socket(const bound_socket &) = delete;
     bound_socket &operator=(const bound_socket &) = delete;
 
-    int get() const { return socket.get(); }
+    int get() const { return socket->get(); }
+    /// The same, for whoever needs it to stay open.
+    std::shared_ptr<const descriptor> share() const { return socket; }
+    /// Puts a new socket in the place of this one, at no moment without one. The old one takes nothing more: who is
+    /// connected to it gets EPIPE. What already waits in it can be read, by who shares it, and answered. Throws as
+    /// above, and leaves the old one as it is.
+    void renew();
 
 private:
     std::filesystem::path path;
     std::filesystem::path lock_path;
+    int type;
+    mode_t mode;
     descriptor lock;
-    descriptor socket;
+    std::shared_ptr<const descriptor> socket;
 };
 
 /// Connects a stream socket. Throws std::runtime_error with the path in its text.

@@ -70,8 +70,8 @@ static void serve(const options &chosen)
     control commands(board, faults, ipmi, chosen.state);
 
     std::filesystem::create_directories(chosen.ipc_dir);
-    const bound_socket ipmi_socket(chosen.ipc_dir / "2001", SOCK_DGRAM, 0666);  // any account's requests
-    const bound_socket control_socket(chosen.control, SOCK_STREAM, 0600);       // its owner's orders
+    bound_socket ipmi_socket(chosen.ipc_dir / "2001", SOCK_DGRAM, 0666);   // any account's requests
+    const bound_socket control_socket(chosen.control, SOCK_STREAM, 0600);  // its owner's orders
     ipmi_port requests(loop, ipmi_socket, ipmi);
     control_port orders(loop, control_socket, commands);
     say_ready(chosen);

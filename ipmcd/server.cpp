@@ -2,14 +2,19 @@
 
 #include "ipmcd/control.h"
 #include "ipmcd/service.h"
+#include "ipmcd/text.h"
 
 #include <array>
 #include <csignal>
 #include <cstddef>
+#include <cstring>
 #include <event2/buffer.h>
+#include <linux/sockios.h>
 #include <stdexcept>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <sys/un.h>
+#include <utility>
 
 namespace ipmcd
 {
@@ -18,7 +23,8 @@ static constexpr size_t longest_datagram =
     2048;  // a request has 255 bytes at most; of a longer one the checksum is cut off
 static constexpr size_t longest_line = 65536;
 static constexpr size_t most_unread = 1 << 20;  // bytes of answers that a client may leave in the line
-static constexpr int requests_in_a_row = 64;    // then other events have their turn
+static constexpr size_t taken_in_a_row = 256, served_in_a_row = 64;  // requests; then other events have their turn
+static constexpr int wanted_buffer = 1 << 20;                        // for answers; the system may give less
 static constexpr size_t most_late_answers = 4096;
 
 template <typename type>
@@ -81,55 +87,129 @@ std::unique_ptr<timer> event_loop::make_timer(std::function<void()> when_due)
 
 void event_loop::run() { event_base_dispatch(base.get()); }
 
-ipmi_port::ipmi_port(event_loop &loop_, const bound_socket &socket, service &ipmi_)
-    : loop(loop_), fd(socket.get()), ipmi(ipmi_)
+ipmi_port::ipmi_port(event_loop &loop_, bound_socket &socket_, service &ipmi_)
+    : loop(loop_), socket(socket_), ipmi(ipmi_), next_turn(loop.make_timer([this] { work(); }))
 {
-    const auto ready = [](evutil_socket_t, short, void *self) { static_cast<ipmi_port *>(self)->receive(); };
+    listen();
+}
+
+/// What the buffer really holds is for the system to say. A quarter of it may fill with answers that nobody reads; the
+/// rest is for the requests that are still on their way when the socket is replaced.
+void ipmi_port::listen()
+{
+    const int fd = socket.get();
+    int size = wanted_buffer;
+    socklen_t length = sizeof size;
+    setsockopt(fd, SOL_SOCKET, SO_SNDBUF, &size, length);
+    getsockopt(fd, SOL_SOCKET, SO_SNDBUF, &size, &length);
+    most_unread = size / 4;
+    const auto ready = [](evutil_socket_t, short, void *self) { static_cast<ipmi_port *>(self)->work(); };
     on_request.reset(made(event_new(loop.get(), fd, EV_READ | EV_PERSIST, ready, this)));
     event_add(on_request.get(), nullptr);
 }
 
-void ipmi_port::receive()
+void ipmi_port::work()
+{
+    take_in(socket.share(), taken_in_a_row);
+    for (size_t i = 0; i < served_in_a_row; i++) {
+        const auto request = waiting.next();
+        if (!request)
+            return;
+        serve(*request);
+    }
+    next_turn->start(std::chrono::milliseconds(0));  // other events first
+}
+
+/// The account that the kernel puts beside a datagram.
+static uint32_t account_of(msghdr &received)
+{
+    const cmsghdr *const part = CMSG_FIRSTHDR(&received);
+    ucred who{.pid = 0, .uid = uint32_t(-1), .gid = 0};
+    if (part && part->cmsg_level == SOL_SOCKET && part->cmsg_type == SCM_CREDENTIALS)
+        memcpy(&who, CMSG_DATA(part), sizeof who);
+    return who.uid;
+}
+
+void ipmi_port::take_in(const shared_socket &from, size_t at_most)
 {
     std::array<uint8_t, longest_datagram> buffer{};
-    for (int i = 0; i < requests_in_a_row; i++) {
-        sockaddr_un from{};
-        socklen_t length = sizeof from;
-        const ssize_t got = recvfrom(fd, buffer.data(), buffer.size(), 0, reinterpret_cast<sockaddr *>(&from), &length);
+    for (size_t i = 0; i < at_most; i++) {
+        sockaddr_un address{};
+        alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(ucred))> account{};
+        iovec bytes{.iov_base = buffer.data(), .iov_len = buffer.size()};
+        msghdr message{};
+        message.msg_name = &address;
+        message.msg_namelen = sizeof address;
+        message.msg_iov = &bytes;
+        message.msg_iovlen = 1;
+        message.msg_control = account.data();
+        message.msg_controllen = account.size();
+        const ssize_t got = recvmsg(from->get(), &message, MSG_CMSG_CLOEXEC);
         if (got < 0)
             return;
-        const std::string client(reinterpret_cast<const char *>(&from), length);
-        auto answer = ipmi.take(std::span(buffer).first(size_t(got)));
-        if (!answer)
-            continue;
-        if (answer->delay.count() == 0)
-            send(answer->datagram, client);
-        else
-            send_later(answer->delay, std::move(answer->datagram), client);
+        const auto *const name = reinterpret_cast<const char *>(&address);
+        if (!waiting.add({.from = {.account = account_of(message), .address = {name, message.msg_namelen}},
+                          .via = from,
+                          .datagram = {buffer.begin(), buffer.begin() + got}}))
+            ipmi.note_dropped();
     }
 }
 
-/// `client` is the address as the kernel gave it. One without a name of its own cannot be answered.
-void ipmi_port::send(std::span<const uint8_t> datagram, const std::string &client)
+void ipmi_port::serve(const waiting_request &request)
 {
-    const bool has_name = client.size() > offsetof(sockaddr_un, sun_path);
-    if (!has_name || sendto(fd, datagram.data(), datagram.size(), MSG_NOSIGNAL,
-                            reinterpret_cast<const sockaddr *>(client.data()), socklen_t(client.size())) < 0)
-        ipmi.note_undelivered();
+    const destination to{request.from.address, request.via};
+    if (auto answer = ipmi.take(request.datagram)) {
+        if (answer->delay.count() == 0)
+            send(answer->datagram, to);
+        else
+            send_later(answer->delay, std::move(answer->datagram), to);
+    }
+    waiting.done(request.from);
 }
 
-void ipmi_port::send_later(std::chrono::milliseconds delay, std::vector<uint8_t> datagram, const std::string &client)
+/// The address is as the kernel gave it. A socket without a name of its own cannot be answered, and one that is gone or
+/// takes nothing more has lost its answer.
+void ipmi_port::send(std::span<const uint8_t> datagram, const destination &to)
+{
+    const bool has_name = to.address.size() > offsetof(sockaddr_un, sun_path);
+    if (!has_name || sendto(to.via->get(), datagram.data(), datagram.size(), MSG_NOSIGNAL | MSG_DONTWAIT,
+                            reinterpret_cast<const sockaddr *>(to.address.data()), socklen_t(to.address.size())) < 0)
+        ipmi.note_undelivered();
+    replace_when_filled();
+}
+
+void ipmi_port::send_later(std::chrono::milliseconds delay, std::vector<uint8_t> datagram, const destination &to)
 {
     if (late.size() == most_late_answers) {
         ipmi.note_undelivered();
         return;
     }
     const auto place = late.emplace(late.end());
-    *place = loop.make_timer([this, place, client, datagram = std::move(datagram)] {
-        send(datagram, client);
+    *place = loop.make_timer([this, place, to, datagram = std::move(datagram)] {
+        send(datagram, to);
         late.erase(place);
     });
     (*place)->start(delay);
+}
+
+/// What still waits in the old socket is taken in and answered through it: for the rest of the time it stays open.
+void ipmi_port::replace_when_filled()
+{
+    int unread = 0;
+    if (ioctl(socket.get(), SIOCOUTQ, &unread) != 0 || unread <= most_unread)
+        return;
+    const shared_socket old = socket.share();
+    try {
+        socket.renew();
+    } catch (const std::exception &problem) {
+        if (!std::exchange(cannot_replace, true))
+            report(std::string("answers that nobody reads may hold up others: ") + problem.what());
+        return;
+    }
+    cannot_replace = false;
+    ipmi.note_renewal();
+    listen();
+    take_in(old, SIZE_MAX);
 }
 
 control_port::control_port(event_loop &loop_, const bound_socket &socket, control &commands_)

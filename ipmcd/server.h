@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ipmcd/bound_socket.h"
+#include "ipmcd/requests.h"
 #include "ipmcd/scheduler.h"
 
 #include <event2/bufferevent.h>
@@ -46,21 +47,38 @@ private:
     event_owner<event> on_interrupt;
 };
 
-/// Takes requests from the IPMI socket and sends their answers to where they came from.
+/// Takes requests from the IPMI socket and sends their answers to where they came from. No client can hold up another:
+/// nothing here waits, requests get their turn (request_queue), and since answers that nobody reads fill the buffer of
+/// the socket that they left by, whoever reads them or not, the socket is replaced before that is full.
 class ipmi_port
 {
 public:
-    ipmi_port(event_loop &loop, const bound_socket &socket, service &ipmi);
+    ipmi_port(event_loop &loop, bound_socket &socket, service &ipmi);
 
 private:
-    void receive();
-    void send(std::span<const uint8_t> datagram, const std::string &client);
-    void send_later(std::chrono::milliseconds delay, std::vector<uint8_t> datagram, const std::string &client);
+    using shared_socket = std::shared_ptr<const descriptor>;
+    /// Where an answer goes.
+    struct destination {
+        std::string address;
+        shared_socket via;
+    };
+
+    void listen();
+    void work();
+    void take_in(const shared_socket &from, size_t at_most);
+    void serve(const waiting_request &request);
+    void send(std::span<const uint8_t> datagram, const destination &to);
+    void send_later(std::chrono::milliseconds delay, std::vector<uint8_t> datagram, const destination &to);
+    void replace_when_filled();
 
     event_loop &loop;
-    int fd;
+    bound_socket &socket;
     service &ipmi;
+    request_queue waiting;
+    int most_unread = 0;  // bytes of answers in the buffer of the present socket
+    bool cannot_replace = false;
     std::list<std::unique_ptr<timer>> late;  // one for each answer that is still to go out
+    std::unique_ptr<timer> next_turn;
     event_owner<event> on_request;
 };
 

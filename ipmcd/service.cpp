@@ -65,6 +65,8 @@ json service::counters() const
     return {{"requests", requests},
             {"answers", answers},
             {"undelivered", undelivered},
+            {"dropped", dropped},
+            {"renewals", renewals},
             {"ignored", {{"too_short", too_short}, {"bad_checksum", bad_checksum}, {"not_a_request", not_a_request}}}};
 }
 

@@ -26,6 +26,10 @@ public:
     std::optional<delivery> take(std::span<const uint8_t> datagram);
     /// An answer could not be handed over: its client is gone, or takes nothing more.
     void note_undelivered() { undelivered++; }
+    /// A request was not even looked at: too many of its sender's waited.
+    void note_dropped() { dropped++; }
+    /// The socket was replaced, because too many answers were not read.
+    void note_renewal() { renewals++; }
     /// How many requests came, how many answers left, how many datagrams were no requests and why.
     json counters() const;
 
@@ -38,6 +42,8 @@ private:
     uint64_t requests = 0;
     uint64_t answers = 0;
     uint64_t undelivered = 0;
+    uint64_t dropped = 0;
+    uint64_t renewals = 0;
     uint64_t too_short = 0;
     uint64_t bad_checksum = 0;
     uint64_t not_a_request = 0;

@@ -35,7 +35,7 @@ public:
     completion refuse(byte_reader &, byte_writer &answer) { return answer.u8(1), completion(0x81); }
 };
 
-static const command rows[] = {
+static const command odd_rows[] = {
     {.netfn = 0x30, .number = 1, .lead = oem(0x06), .name = "Short", .run = call<&odd_family::number>},
     {.netfn = 0x30,
      .number = 1,
@@ -47,7 +47,7 @@ static const command rows[] = {
     {.netfn = 0x30, .number = 3, .name = "Stumble", .run = call<&odd_family::stumble>},
     {.netfn = 0x30, .number = 4, .name = "Refuse", .run = call<&odd_family::refuse>},
 };
-std::span<const command> odd_family::commands() const { return rows; }
+std::span<const command> odd_family::commands() const { return odd_rows; }
 
 static constexpr family_maker only_odd[] = {
     [](controller &) -> std::unique_ptr<family> { return std::make_unique<odd_family>(); }};

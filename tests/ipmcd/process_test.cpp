@@ -1,195 +1,14 @@
-/// The program itself, over its sockets. Each test has a folder and a process of its own.
-#include "ipmcd/bound_socket.h"
-#include "tests/ipmcd/board.h"
+/// The program itself, from its start to its end.
+#include "tests/ipmcd/process.h"
 
-#include <array>
-#include <cerrno>
-#include <csignal>
-#include <cstring>
-#include <fcntl.h>
-#include <fstream>
-#include <poll.h>
-#include <sys/file.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace ipmcd
 {
 
-using namespace std::chrono_literals;
-using std::chrono::steady_clock;
-
-static constexpr auto patience = 30s;
-
-/// Asks again and again until it holds, for `patience` at most.
-template <typename condition>
-static bool eventually(condition holds)
-{
-    const auto end = steady_clock::now() + patience;
-    while (!holds()) {
-        if (steady_clock::now() > end)
-            return false;
-        poll(nullptr, 0, 10);
-    }
-    return true;
-}
-
-static std::string content_of(const std::filesystem::path &file)
-{
-    std::ifstream in(file);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
-/// Reads to the end of the stream, or for `patience`.
-static std::string read_all(int fd)
-{
-    std::string all;
-    std::array<char, 4096> buffer{};
-    for (;;) {
-        pollfd waiting{.fd = fd, .events = POLLIN, .revents = 0};
-        if (poll(&waiting, 1, int(std::chrono::milliseconds(patience).count())) != 1)
-            return all + "[timed out]";
-        const ssize_t got = read(fd, buffer.data(), buffer.size());
-        if (got <= 0)
-            return all;
-        all.append(buffer.data(), size_t(got));
-    }
-}
-
-/// An ipmcd with its stdout in a pipe and its stderr in a file. Killed at the latest when this goes away.
-class process
-{
-public:
-    process(std::vector<std::string> words, const std::filesystem::path &errors)
-    {
-        int out[2];
-        if (pipe2(out, O_CLOEXEC) != 0)
-            throw std::runtime_error("no pipe");
-        words.insert(words.begin(), IPMCD_BINARY);
-        std::vector<char *> vector;
-        for (std::string &word : words)
-            vector.push_back(word.data());
-        vector.push_back(nullptr);
-        child = fork();
-        if (child == 0) {
-            const int error_file = open(errors.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
-            dup2(out[1], STDOUT_FILENO);
-            dup2(error_file, STDERR_FILENO);
-            execv(IPMCD_BINARY, vector.data());
-            _exit(127);
-        }
-        close(out[1]);
-        output = descriptor(out[0]);
-    }
-    ~process()
-    {
-        if (child > 0) {
-            kill(child, SIGKILL);
-            waitpid(child, nullptr, 0);
-        }
-    }
-    process(const process &) = delete;
-    process &operator=(const process &) = delete;
-
-    bool says_ready() const
-    {
-        pollfd waiting{.fd = output.get(), .events = POLLIN, .revents = 0};
-        std::array<char, 16> buffer{};
-        return poll(&waiting, 1, int(std::chrono::milliseconds(patience).count())) == 1 &&
-               read(output.get(), buffer.data(), buffer.size()) == 6 && std::string(buffer.data(), 6) == "ready\n";
-    }
-    void signal(int number) const { kill(child, number); }
-    /// What it still printed; afterwards `status` is its exit status, or minus the signal that ended it.
-    std::string end()
-    {
-        std::string printed = read_all(output.get());
-        int how = 0;
-        waitpid(child, &how, 0);
-        child = -1;
-        status = WIFEXITED(how) ? WEXITSTATUS(how) : -WTERMSIG(how);
-        return printed;
-    }
-
-    int status = -1;
-
-private:
-    pid_t child = -1;
-    descriptor output;
-};
-
-/// A client of the IPMI socket, under a name that the kernel gives it.
-class client
-{
-public:
-    explicit client(const std::filesystem::path &port) : fd(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0))
-    {
-        sockaddr_un own{};
-        own.sun_family = AF_UNIX;
-        if (bind(fd.get(), reinterpret_cast<const sockaddr *>(&own), sizeof own.sun_family) != 0)
-            throw std::runtime_error("no client address");
-        to.sun_family = AF_UNIX;
-        port.native().copy(to.sun_path, sizeof to.sun_path - 1);
-    }
-    bool send(const bytes &datagram) const
-    {
-        return sendto(fd.get(), datagram.data(), datagram.size(), 0, reinterpret_cast<const sockaddr *>(&to),
-                      sizeof to) == ssize_t(datagram.size());
-    }
-    std::optional<bytes> receive(std::chrono::milliseconds for_at_most = patience) const
-    {
-        pollfd waiting{.fd = fd.get(), .events = POLLIN, .revents = 0};
-        if (poll(&waiting, 1, int(for_at_most.count())) != 1)
-            return std::nullopt;
-        bytes datagram(8192);
-        const ssize_t got = recv(fd.get(), datagram.data(), datagram.size(), 0);
-        datagram.resize(got < 0 ? 0 : size_t(got));
-        return datagram;
-    }
-    std::optional<bytes> ask(const bytes &datagram) const { return send(datagram) ? receive() : std::nullopt; }
-
-private:
-    descriptor fd;
-    sockaddr_un to{};
-};
-
 // Set Fan Mode, manual for one second: 63+14+91+D9+7E+00+01+01+01 = 262, so 9E.
 static const bytes manual_for_1_s = {0x00, 0xC0, 0x40, 0x63, 0x14, 0x91, 0xD9, 0x7E,
                                      0x00, 0x01, 0x01, 0x01, 0x00, 0x00, 0x00, 0x9E};
-
-struct ipmcd_process : testing::Test {
-    std::vector<std::string> with_folder(std::vector<std::string> words = {}) const
-    {
-        words.insert(words.begin(), {"--ipc-dir", ipc});
-        return words;
-    }
-    std::unique_ptr<process> run(const std::vector<std::string> &words = {}) const
-    {
-        return std::make_unique<process>(with_folder(words), errors);
-    }
-    std::unique_ptr<process> start(const std::vector<std::string> &words = {}) const
-    {
-        auto started = run(words);
-        EXPECT_TRUE(started->says_ready()) << content_of(errors);
-        return started;
-    }
-    /// ipmcd --ask: its output, with the exit status in front.
-    std::string ask(const std::string &question) const
-    {
-        const auto asking = run({"--ask", question});
-        const std::string printed = asking->end();
-        return std::to_string(asking->status) + " " + printed;
-    }
-    client connect() const { return client(ipc + "/2001"); }
-    std::set<std::string> left_behind() const { return names_in(ipc); }
-
-    scratch_folder folder;
-    std::string ipc = folder / "ipc";
-    std::filesystem::path errors = folder / "errors";
-    std::filesystem::path state = folder / "state.json";
-};
 
 TEST_F(ipmcd_process, answers_a_request)
 {
@@ -201,7 +20,7 @@ TEST_F(ipmcd_process, answers_a_request)
 TEST_F(ipmcd_process, serves_several_clients_each_its_own_answer)
 {
     const auto running = start();
-    const client one = connect(), other = connect();
+    client one = connect(), other = connect();
     bytes with_sequence_6 = set_fan_level_60;
     with_sequence_6[4] = 0x18;
     with_sequence_6[9] = 0x34;
@@ -286,9 +105,7 @@ TEST_F(ipmcd_process, leaves_the_socket_of_another_program_alone)
 {
     std::filesystem::create_directory(ipc);
     const descriptor other(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0));
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    (ipc + "/2001").copy(address.sun_path, sizeof address.sun_path - 1);
+    const sockaddr_un address = address_of(ipc + "/2001");
     ASSERT_EQ(bind(other.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address), 0);
     const auto running = run();
     running->end();
@@ -414,7 +231,7 @@ TEST_F(ipmcd_process, other_requests_do_not_wait_for_a_late_answer)
 {
     const auto running = start();
     ask("fail 2C 15 late=600000");
-    const client waiting = connect();
+    client waiting = connect();
     ASSERT_TRUE(waiting.send(set_fan_level_60));
     EXPECT_EQ(connect().ask(set_fan_level_60), level_set);
     EXPECT_FALSE(waiting.receive(0ms));
@@ -438,9 +255,7 @@ TEST_F(ipmcd_process, a_client_that_has_gone_does_no_harm)
     ask("fail 2C 15 late=1");
     connect().send(set_fan_level_60);
     const descriptor nameless(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0));
-    sockaddr_un port{};
-    port.sun_family = AF_UNIX;
-    (ipc + "/2001").copy(port.sun_path, sizeof port.sun_path - 1);
+    const sockaddr_un port = address_of(ipc + "/2001");
     sendto(nameless.get(), set_fan_level_60.data(), set_fan_level_60.size(), 0,
            reinterpret_cast<const sockaddr *>(&port), sizeof port);
     EXPECT_TRUE(eventually([&] { return ask("show traffic").find("\"undelivered\":2") != std::string::npos; }));

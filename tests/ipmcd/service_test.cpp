@@ -41,7 +41,7 @@ TEST_F(bare_service, what_is_no_request_is_counted_and_ignored)
     EXPECT_FALSE(ipmi.take(bytes{0x00, 0x1C, 0xE4, 0x63, 0x00, 0x01, 0x9C}));
     EXPECT_TRUE(ipmi.take(bytes{0x00, 0x18, 0xE8, 0x63, 0x00, 0x01, 0x9C}));
     ipmi.note_undelivered();
-    EXPECT_EQ(ipmi.counters().dump(), R"({"requests":1,"answers":1,"undelivered":1,)"
+    EXPECT_EQ(ipmi.counters().dump(), R"({"requests":1,"answers":1,"undelivered":1,"dropped":0,"renewals":0,)"
                                       R"("ignored":{"too_short":2,"bad_checksum":3,"not_a_request":1}})");
 }
 
