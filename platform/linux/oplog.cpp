@@ -1,50 +1,35 @@
-/// The operation log: one line a record, appended to /data/log/operation.log or to what ZENTRO_OPLOG names,
+/// The operation log: one line a record,
 ///
 ///     2026-11-21T06:23:35Z <TAB> class <TAB> user <TAB> origin <TAB> module <TAB> record
 ///
-/// Whatever is no printable ASCII character, and every backslash, is written as \xNN, so a tab is always a separator
+/// sent to the system's log, which has a time of its own, and then appended to a file for people to read:
+/// /data/log/operation.log, or what ZENTRO_OPLOG names. The system's log is the record: a caller who is not root leaves
+/// one there and cannot take it back. The file is root's, and only root's runs need to be able to write it.
+///
+/// Whatever is not a printable ASCII character, and every backslash, is written as \xNN, so a tab is always a separator
 /// and a line always a record. A field that is too long ends in "\...", and so does a line that was cut off by a full
 /// disk or a power failure once the next record is written.
-///
-/// The same fields go to the system's log, as one datagram to /dev/log (or what ZENTRO_SYSLOG names; empty = nowhere).
-/// Nobody waits for it and nobody learns whether it arrived.
 #include "platform/linux/exported.h"
 #include "platform/linux/files.h"
 #include "platform/linux/settings.h"
+#include "platform/linux/system_log.h"
 
 #include <cerrno>
 #include <cstdint>
-#include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
 #include <time.h>
 #include <unistd.h>
 
-static constexpr char default_log[] = "/data/log/operation.log", default_syslog[] = "/dev/log";
-static constexpr char cut_mark[] = "\\...";
+static constexpr char default_log[] = "/data/log/operation.log";
 static constexpr size_t identity_limit = 256, record_limit = 2048;  // as written, mark included
 static constexpr unsigned lock_attempts = 20, lock_pause_us = 10000;
 
-/// A line in the making, with what the system's log wants in front of it. The limits of its fields keep it within.
-struct line {
-    char bytes[4096];
-    size_t used = 0;
-
-    void add(const char *text, size_t count)
-    {
-        memcpy(bytes + used, text, count);
-        used += count;
-    }
-    void add(char byte) { bytes[used++] = byte; }
-};
-
 // The fields --------------------------------------------------------------------------------------------------------
 
-static void add_digits(line &to, unsigned value, int digits)
+static void add_digits(log_line &to, unsigned value, int digits)
 {
     char text[10];
     for (int n = digits; n-- > 0; value /= 10)
@@ -53,7 +38,7 @@ static void add_digits(line &to, unsigned value, int digits)
 }
 
 /// The date is worked out here: the C library would read the time zone first, four system calls for nothing.
-static void add_utc(line &to, int64_t seconds)
+static void add_utc(log_line &to, int64_t seconds)
 {
     const int64_t day = seconds / 86400;
     const auto second = unsigned(seconds % 86400);
@@ -80,7 +65,7 @@ static void add_utc(line &to, int64_t seconds)
     to.add('Z');
 }
 
-static void add_number(line &to, unsigned value)
+static void add_number(log_line &to, unsigned value)
 {
     int digits = 1;
     for (unsigned rest = value / 10; rest > 0; rest /= 10)
@@ -88,24 +73,10 @@ static void add_number(line &to, unsigned value)
     add_digits(to, value, digits);
 }
 
-static bool needs_escape(unsigned char byte) { return byte < 0x20 || byte > 0x7E || byte == '\\'; }
-
-static void add_field(line &to, const char *text, size_t limit)
+static void add_field(log_line &to, const char *text, size_t limit)
 {
-    static constexpr char digits[] = "0123456789ABCDEF";
     to.add('\t');
-    const size_t end = to.used + limit - (sizeof cut_mark - 1);
-    for (; *text != '\0'; ++text) {
-        const auto byte = static_cast<unsigned char>(*text);
-        if (to.used + (needs_escape(byte) ? 4 : 1) > end)
-            return to.add(cut_mark, sizeof cut_mark - 1);
-        if (needs_escape(byte)) {
-            const char escaped[] = {'\\', 'x', digits[byte >> 4], digits[byte & 15]};
-            to.add(escaped, sizeof escaped);
-        } else {
-            to.add(*text);
-        }
-    }
+    to.add_escaped(text, limit);
 }
 
 // The file ----------------------------------------------------------------------------------------------------------
@@ -139,73 +110,81 @@ static void take_back(int fd, off_t count)
         return;  // then the next record marks it as cut
 }
 
-/// In one write, so that lines of several processes never mix.
-static bool append(const char *path, const char *text, size_t count)
+/// A file that belongs to somebody else could be emptied by him, and could hold lines that nobody's run has written.
+static const char *reason_against(const struct stat &about)
 {
-    const descriptor log(
-        open(path, O_RDWR | O_APPEND | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY, 0640));
-    struct stat about;
+    if (!S_ISREG(about.st_mode))
+        return "not written: it is not a regular file";
+    return about.st_uid != 0 && !is_simulator() ? "not written: it does not belong to root" : nullptr;
+}
+
+/// What is missing was left out on purpose, and what a caller may not write is the ordinary case.
+static int open_log(const char *path)
+{
+    const int creating = caller_decides() ? O_CREAT : 0;
+    const int fd = open(path, O_RDWR | O_APPEND | creating | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY, 0640);
+    if (fd < 0 && errno != ENOENT && errno != EACCES)
+        log_warning(path, errno == ELOOP ? "not written: it is a link" : strerror(errno));
+    return fd;
+}
+
+/// In one write, so that lines of several processes never mix.
+static bool append(const char *path, const log_line &text)
+{
+    const descriptor log(open_log(path));
     if (log.fd < 0)
         return false;
     const bool locked = take_lock(log.fd);
-    if (fstat(log.fd, &about) != 0 || !S_ISREG(about.st_mode))
+    struct stat about;
+    if (fstat(log.fd, &about) != 0)
         return false;
+    if (const char *reason = reason_against(about)) {
+        log_warning(path, reason);
+        return false;
+    }
 
-    char whole[sizeof cut_mark + sizeof line::bytes];
+    char whole[sizeof cut_mark + sizeof text.bytes];
     size_t used = 0;
     if (ends_within_a_line(log.fd, about.st_size)) {
         memcpy(whole, cut_mark, sizeof cut_mark - 1);
         whole[sizeof cut_mark - 1] = '\n';
         used = sizeof cut_mark;
     }
-    memcpy(whole + used, text, count);
-    used += count;
+    memcpy(whole + used, text.bytes, text.used);
+    used += text.used;
     const ssize_t written = write(log.fd, whole, used);
     if (written == ssize_t(used))
         return true;
+    log_warning(path, "a record was not written whole");
     if (written > 0 && locked)
         take_back(log.fd, written);
     return false;
 }
 
-// The system's log --------------------------------------------------------------------------------------------------
-
-static void tell_syslog(const char *text, size_t count)
-{
-    const disk_path usual(default_syslog);
-    const char *path = setting("ZENTRO_SYSLOG", usual.text());
-    sockaddr_un syslog{};
-    syslog.sun_family = AF_UNIX;
-    if (*path == '\0' || strlen(path) >= sizeof syslog.sun_path)
-        return;
-    memcpy(syslog.sun_path, path, strlen(path));
-    const descriptor socket_(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0));
-    if (socket_.fd >= 0)
-        (void)sendto(socket_.fd, text, count, MSG_DONTWAIT | MSG_NOSIGNAL, reinterpret_cast<sockaddr *>(&syslog),
-                     sizeof syslog);
-}
+// The record --------------------------------------------------------------------------------------------------------
 
 int vos_zentro_log(unsigned log_class, const char *user, const char *origin, const char *module, const char *record)
 {
     if (user == nullptr || origin == nullptr || module == nullptr || record == nullptr)
         return -1;
 
-    static constexpr char syslog_head[] = "<85>zentro: ";  // facility authpriv, severity notice
-    static constexpr size_t time_length = sizeof "2026-11-21T06:23:35Z" - 1;
-    line text;
+    log_line fields;
+    add_number(fields, log_class);
+    add_field(fields, user, identity_limit);
+    add_field(fields, origin, identity_limit);
+    add_field(fields, module, identity_limit);
+    add_field(fields, record, record_limit);
+
+    log_line message;
+    message.add(notice_head);
+    message.add(fields.bytes, fields.used);
+    const bool sent = send_to_system_log(message.bytes, message.used);
+
+    log_line text;
     add_utc(text, time(nullptr));
     text.add('\t');
-    add_number(text, log_class);
-    add_field(text, user, identity_limit);
-    add_field(text, origin, identity_limit);
-    add_field(text, module, identity_limit);
-    add_field(text, record, record_limit);
+    text.add(fields.bytes, fields.used);
     text.add('\n');
-    const bool written = append(setting("ZENTRO_OPLOG", disk_path(default_log).text()), text.bytes, text.used);
-
-    // The system's log has a time of its own: its head takes the place of ours, and of the tab behind it.
-    char *const message = text.bytes + time_length + 1 - (sizeof syslog_head - 1);
-    memcpy(message, syslog_head, sizeof syslog_head - 1);
-    tell_syslog(message, size_t(text.bytes + text.used - 1 - message));
-    return written ? 0 : -1;
+    const bool copied = append(setting("ZENTRO_OPLOG", disk_path(default_log).text()), text);
+    return sent || copied ? 0 : -1;
 }

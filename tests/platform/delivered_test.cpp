@@ -31,14 +31,43 @@ TEST_F(delivered, an_administrators_change_is_in_the_systems_log)
 {
     machine.user = administrator;
     const variable no_log("ZENTRO_OPLOG", "/dev/null"), no_system_log("ZENTRO_SYSLOG", "");
-    log_text("change");
+    EXPECT_EQ(log_text("change"), 0);
     EXPECT_EQ(machine.to_system_log, std::vector{sent});
     EXPECT_EQ(machine.reached, "/dev/log");
+}
+
+TEST_F(delivered, an_administrator_makes_no_log_file)
+{
+    machine.user = administrator;
+    EXPECT_EQ(log_text("change"), 0);
+    EXPECT_FALSE(fs::exists(path("operation.log"))) << "it would be his to empty";
+    write("operation.log", "");
+    machine.file_owner = root;
+    EXPECT_EQ(log_text("change"), 0);
+    EXPECT_NE(log().find("change"), std::string::npos) << "where the board lets him write root's";
+    EXPECT_EQ(machine.to_system_log, (std::vector{sent, sent}));
+}
+
+TEST_F(delivered, the_log_file_is_roots)
+{
+    machine.user = root;
+    machine.file_owner = root;
+    EXPECT_EQ(log_text("change"), 0);
+    EXPECT_NE(log().find("change"), std::string::npos);
+    EXPECT_EQ(machine.to_system_log, std::vector{sent});
+
+    fs::remove(path("operation.log"));
+    machine.file_owner = administrator;
+    EXPECT_EQ(log_text("change"), 0) << "it is in the system's log";
+    EXPECT_EQ(log(), "");
+    EXPECT_EQ(machine.to_system_log.back(),
+              "<84>zentro: /data/log/operation.log: not written: it does not belong to root");
 }
 
 TEST_F(delivered, root_chooses_where_records_go)
 {
     machine.user = root;
+    machine.file_owner = root;
     const variable own_log("ZENTRO_OPLOG", path("own")), own_system_log("ZENTRO_SYSLOG", path("socket"));
     EXPECT_EQ(log_text("change"), 0);
     EXPECT_NE(contents(path("own")).find("change"), std::string::npos);

@@ -2,6 +2,7 @@
 #include "tests/platform/test_folder.h"
 
 #include <algorithm>
+#include <chrono>
 #include <csignal>
 #include <cstring>
 #include <ctime>
@@ -13,6 +14,7 @@
 #include <sys/stat.h>
 #include <sys/un.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 #include <vector>
 
@@ -205,28 +207,118 @@ TEST_F(oplog, records_with_a_missing_field_are_refused)
     EXPECT_FALSE(fs::exists(log_path()));
 }
 
+/// Reads what is sent to the system's log.
+class system_log
+{
+public:
+    explicit system_log(const std::string &path) : there("ZENTRO_SYSLOG", path)
+    {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        path.copy(address.sun_path, sizeof address.sun_path - 1);
+        EXPECT_EQ(bind(fd, reinterpret_cast<sockaddr *>(&address), sizeof address), 0);
+    }
+    ~system_log() { close(fd); }
+    system_log(const system_log &) = delete;
+    system_log &operator=(const system_log &) = delete;
+
+    std::string next() const
+    {
+        char got[5000];
+        const ssize_t length = recv(fd, got, sizeof got, MSG_DONTWAIT);
+        return length < 0 ? "nothing" : std::string(got, size_t(length));
+    }
+    /// As somebody who sends faster than it reads.
+    void fill() const
+    {
+        const std::string path = getenv("ZENTRO_SYSLOG");
+        const int other = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        path.copy(address.sun_path, sizeof address.sun_path - 1);
+        while (sendto(other, "x", 1, MSG_DONTWAIT, reinterpret_cast<sockaddr *>(&address), sizeof address) == 1) {
+        }
+        close(other);
+    }
+
+private:
+    const variable there;
+    const int fd = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+};
+
 TEST_F(oplog, the_systems_log_gets_the_same_fields)
 {
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    path("syslog").copy(address.sun_path, sizeof address.sun_path - 1);
-    const int syslog = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-    ASSERT_EQ(bind(syslog, reinterpret_cast<sockaddr *>(&address), sizeof address), 0);
-    const variable there("ZENTRO_SYSLOG", path("syslog"));
+    const system_log log(path("syslog"));
     ASSERT_EQ(log_text("text\n"), 0);
-    char got[256] = "";
-    EXPECT_GT(recv(syslog, got, sizeof got - 1, MSG_DONTWAIT), 0);
-    EXPECT_STREQ(got, "<85>zentro: 2\troot\tconsole\tFan\ttext\\x0A");
+    EXPECT_EQ(log.next(), "<85>zentro: 2\troot\tconsole\tFan\ttext\\x0A");
+    EXPECT_EQ(fields(lines().at(0)).at(5), "text\\x0A");
+    EXPECT_EQ(log.next(), "nothing");
+}
 
-    setenv("ZENTRO_OPLOG", path("absent/log").c_str(), 1);
-    EXPECT_EQ(log_text("kept there at least"), -1);
-    EXPECT_GT(recv(syslog, got, sizeof got - 1, MSG_DONTWAIT), 0);
+TEST_F(oplog, the_systems_log_is_enough)
+{
+    const system_log log(path("syslog"));
+    const variable no_file("ZENTRO_OPLOG", path("absent/log"));
+    EXPECT_EQ(log_text("kept there"), 0);
+    EXPECT_EQ(log.next(), "<85>zentro: 2\troot\tconsole\tFan\tkept there");
+    EXPECT_EQ(log.next(), "nothing") << "a board may do without the file";
+}
 
-    setenv("ZENTRO_OPLOG", log_path().c_str(), 1);
-    for (int n = 0; n < 2000; ++n)
-        ASSERT_EQ(log_text("nobody reads"), 0) << "a full system log holds nobody up";
-    close(syslog);
-    EXPECT_EQ(log_text("nobody listens"), 0);
+TEST_F(oplog, the_systems_log_is_told_why_the_file_is_not_written)
+{
+    const system_log log(path("syslog"));
+    fs::create_symlink(write("victim", ""), path("li\x1Bnk"));
+    mkfifo(path("fifo").c_str(), 0600);
+    const int reader = open(path("fifo").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    const struct {
+        std::string file, warning;
+    } cases[] = {
+        {path("li\x1Bnk"), path("li\\x1Bnk") + ": not written: it is a link"},
+        {path("fifo"), path("fifo") + ": not written: it is not a regular file"},
+        {path("victim/log"), path("victim/log") + ": Not a directory"},
+    };
+    for (const auto &each : cases) {
+        setenv("ZENTRO_OPLOG", each.file.c_str(), 1);
+        EXPECT_EQ(log_text("x"), 0);
+        EXPECT_EQ(log.next(), "<85>zentro: 2\troot\tconsole\tFan\tx");
+        EXPECT_EQ(log.next(), "<84>zentro: " + each.warning);
+    }
+    close(reader);
+}
+
+TEST_F(oplog, a_full_system_log_is_given_a_while)
+{
+    const system_log log(path("syslog"));
+    log.fill();
+    std::thread reader([&] {
+        usleep(150000);
+        while (log.next() == "x") {
+        }
+    });
+    const variable no_file("ZENTRO_OPLOG", path("absent/log"));
+    EXPECT_EQ(log_text("late"), 0);
+    reader.join();
+}
+
+TEST_F(oplog, a_system_log_that_nobody_reads_holds_nobody_up_for_long)
+{
+    const system_log log(path("syslog"));
+    log.fill();
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(log_text("in the file at least"), 0);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+    EXPECT_EQ(lines().size(), 1U);
+    const variable no_file("ZENTRO_OPLOG", path("absent/log"));
+    EXPECT_EQ(log_text("nowhere"), -1);
+}
+
+TEST_F(oplog, without_a_system_log_the_file_is_enough)
+{
+    for (const std::string &nowhere : {std::string(), path("absent"), write("no socket", ""), std::string(200, 'x')}) {
+        const variable there("ZENTRO_SYSLOG", nowhere);
+        EXPECT_EQ(log_text("text"), 0) << nowhere;
+    }
+    EXPECT_EQ(lines().size(), 4U);
 }
 
 }  // namespace
