@@ -15,6 +15,10 @@ install(TARGETS cfgtool cfgtool-verdict RUNTIME PERMISSIONS ${program_mode} COMP
 install(TARGETS zentro_platform EXPORT platform
         LIBRARY PERMISSIONS ${file_mode} COMPONENT platform NAMELINK_COMPONENT dev
         INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zentro)
+install(FILES packaging/logrotate DESTINATION ${CMAKE_INSTALL_SYSCONFDIR}/logrotate.d RENAME zentro-platform
+        PERMISSIONS ${file_mode} COMPONENT platform)
+install(FILES packaging/tmpfiles.conf DESTINATION lib/tmpfiles.d RENAME zentro-platform.conf
+        PERMISSIONS ${file_mode} COMPONENT platform)
 install(TARGETS platform-check RUNTIME PERMISSIONS ${program_mode} COMPONENT dev)
 install(FILES packaging/platform-check.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT dev)
 

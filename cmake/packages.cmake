@@ -44,8 +44,10 @@ set(CPACK_DEBIAN_PLATFORM_PACKAGE_DEPENDS ${loader})
 # cpack would name the simulator's package beside it, whose library is for nobody else.
 file(WRITE ${PROJECT_BINARY_DIR}/debian/shlibs
      "libzentro_platform 1 libzentro-platform1 (>= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})\n")
-set(CPACK_DEBIAN_PLATFORM_PACKAGE_CONTROL_EXTRA
-    ${PROJECT_SOURCE_DIR}/packaging/debian/triggers ${PROJECT_BINARY_DIR}/debian/shlibs)
+set(CPACK_DEBIAN_PLATFORM_PACKAGE_CONTROL_EXTRA ${PROJECT_BINARY_DIR}/debian/shlibs)
+foreach(name IN ITEMS conffiles postinst postrm triggers)
+    list(APPEND CPACK_DEBIAN_PLATFORM_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/debian/${name})
+endforeach()
 set(CPACK_DEBIAN_PLATFORM_DESCRIPTION "platform library of a board-management controller, for plain Linux
 What cfgtool asks of the controller that it runs on: messages, files,
 programs, operation log, hardware. This library does it with what any Linux

@@ -23,5 +23,7 @@ foreach(part IN ITEMS cfgtool platform dev simulator)
 endforeach()
 file(RENAME ${CPACK_TEMPORARY_DIRECTORY}/cfgtool/usr/share/zsh/site-functions
             ${CPACK_TEMPORARY_DIRECTORY}/cfgtool/usr/share/zsh/vendor-completions)
+# Settings are below /etc in Debian, whatever the prefix.
+file(RENAME ${CPACK_TEMPORARY_DIRECTORY}/platform/usr/etc ${CPACK_TEMPORARY_DIRECTORY}/platform/etc)
 # Folders were made under the umask of whoever packs.
 execute_process(COMMAND find ${CPACK_TEMPORARY_DIRECTORY} -type d -exec chmod 0755 {} + COMMAND_ERROR_IS_FATAL ANY)

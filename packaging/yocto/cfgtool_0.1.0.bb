@@ -12,7 +12,8 @@ EXTRA_OECMAKE = "-DCFGTOOL_CONTROLLER=OFF -DCFGTOOL_TESTS=OFF -DCFGTOOL_WERROR=O
 
 # A board's own library is a package that says RPROVIDES, RCONFLICTS and RREPLACES libzentro-platform1.
 PACKAGES =+ "libzentro-platform1 platform-check"
-FILES:libzentro-platform1 = "${libdir}/libzentro_platform.so.1"
+FILES:libzentro-platform1 = "${libdir}/libzentro_platform.so.1 ${sysconfdir}/logrotate.d ${nonarch_libdir}/tmpfiles.d"
+CONFFILES:libzentro-platform1 = "${sysconfdir}/logrotate.d/zentro-platform"
 FILES:platform-check = "${bindir}/platform-check ${mandir}/man1/platform-check.1"
 FILES:${PN}-dev = "${includedir} ${libdir}/libzentro_platform.so ${libdir}/cmake ${libdir}/pkgconfig"
 FILES:${PN}-doc = "${datadir}"

@@ -167,7 +167,8 @@ class elsewhere(Test):
 
     def yocto_packages(self) -> dict[str, set[str]]:
         """Which package of the recipe each file comes into: the first that names it or a folder it is in."""
-        folders = {"bindir": "bin", "libdir": "lib", "includedir": "include", "datadir": "share", "mandir": "share/man"}
+        folders = {"bindir": "bin", "libdir": "lib", "includedir": "include", "datadir": "share", "mandir": "share/man",
+                   "sysconfdir": "etc", "nonarch_libdir": "lib"}
         named = dict(re.findall(r'^FILES:(\S+) = "(.*)"$', self.recipe(), re.MULTILINE))
         first = re.search(r'^PACKAGES =\+ "(.*)"$', self.recipe(), re.MULTILINE).group(1).split()
         order = [*first, "${PN}-dev", "${PN}-doc", "${PN}"]

@@ -20,6 +20,8 @@ LIBRARY = "usr/lib/libzentro_platform.so.1"
 def as_debian_has_it(path: str) -> str:
     """Where a listed file is in its package."""
     path = path.replace("share/zsh/site-functions/", "share/zsh/vendor-completions/")
+    if path.startswith("etc/"):
+        return path
     return f"usr/{path}.gz" if path.startswith("share/man/") else f"usr/{path}"
 
 
@@ -89,6 +91,17 @@ class packages(Test):
             said = run("lintian", "--allow-root", "--fail-on", "error,warning", *self.debs().values(),
                        env=os.environ | {"TMPDIR": folder}).stdout
         self.assertEqual(said, "")
+
+    def test_look_after_the_operation_log(self):
+        """The folder is made, and the file rotated, where the library writes."""
+        log = re.search(r'default_log\[\] = "(.*)"', (PACKAGING.parent / "platform/linux/oplog.cpp").read_text()).group(1)
+        run("dpkg-deb", "-R", self.deb("libzentro-platform1"), self.folder / "x")
+        rotated = (self.folder / "x/etc/logrotate.d/zentro-platform").read_text()
+        self.assertIn(f"\n{log} {{\n", rotated)
+        folders = (self.folder / "x/usr/lib/tmpfiles.d/zentro-platform.conf").read_text()
+        self.assertIn(f"\nd {os.path.dirname(log)} 2750 root adm -\n", folders)
+        self.assertEqual((self.folder / "x/DEBIAN/conffiles").read_text(), "/etc/logrotate.d/zentro-platform\n")
+        self.assertIn("--create zentro-platform.conf", (self.folder / "x/DEBIAN/postinst").read_text())
 
     def test_override_lintian_with_a_reason(self):
         lines = (PACKAGING / "debian/lintian-overrides").read_text().splitlines()
