@@ -4,12 +4,12 @@
 
 ipmi_request::ipmi_request(uint8_t netfn, uint8_t command)
 {
-    vos_memset(&record, sizeof record, 0, sizeof record);
+    memset(record.byte, 0, header_length);
     record.byte[1] = uint8_t(netfn << 2);
     record.byte[5] = command;
 }
 
-ipmi_request::~ipmi_request() { vos_memset(&record, sizeof record, 0, sizeof record); }
+ipmi_request::~ipmi_request() { vos_memset(&record, sizeof record, 0, length); }
 
 ipmi_request &ipmi_request::oem()
 {

@@ -60,7 +60,7 @@ public:
     /// False once more than `max_data` bytes were put in: such a request is never sent.
     bool fits() const { return !too_long; }
 
-    ipmi_msg record;
+    ipmi_msg record;                 // as far as `length`
     uint8_t length = header_length;  // of the frame up to and including the last data byte
 
 private:

@@ -14,9 +14,11 @@
 
 int sdr_verbosity;
 
+static bool describes_steps() { return sdr_verbosity == 1 || sdr_verbosity == 3; }
+
 void sdr_diagnose(const char *format, ...)
 {
-    if (sdr_verbosity != 1 && sdr_verbosity != 3)
+    if (!describes_steps())
         return;
     va_list values;
     va_start(values, format);
@@ -80,15 +82,18 @@ std::string_view sdr_record::id_string() const
     return {text, strnlen(text, longest)};  // a zero byte follows the body
 }
 
-/// The whole string, byte for byte, over the longer of the two; behind the record's end there are zeros.
+/// The whole name, byte for byte, and only zeros up to the end of a longer ID string.
 static bool has_name(const sdr_record &record, std::string_view name)
 {
     const unsigned start = layout_of(record.type)->id_string;
     if (start == 0)
         return false;
-    const size_t length = std::max<size_t>(name.size(), record.at(start) & id_length_mask);
-    for (size_t n = 0; n < length; ++n)
-        if (record.at(unsigned(start + 1 + n)) != (n < name.size() ? uint8_t(name[n]) : 0))
+    unsigned at = start + 1;
+    for (const char wanted : name)
+        if (record.at(at++) != uint8_t(wanted))
+            return false;
+    for (const unsigned end = start + 1 + (record.at(start) & id_length_mask); at < end; ++at)
+        if (record.at(at) != 0)
             return false;
     return true;
 }
@@ -245,7 +250,9 @@ static sdr_iterator *sdr_open()
 
 static ipmi_request read_record(const sdr_iterator &store, uint16_t record, uint8_t offset, uint8_t count)
 {
-    return ipmi_request(source().netfn, source().read).u16le(store.reservation).u16le(record).u8(offset).u8(count);
+    ipmi_request request(source().netfn, source().read);
+    request.u16le(store.reservation).u16le(record).u8(offset).u8(count);
+    return request;
 }
 
 /// What an error code shows of a reading request.
@@ -295,6 +302,16 @@ static bool ask_for_header(sdr_iterator &store, sdr_header &header)
     return false;
 }
 
+static void describe(const sdr_header &header)
+{
+    if (!describes_steps())
+        return;
+    sdr_diagnose("SDR record ID   : 0x%04x", header.id);
+    sdr_diagnose("SDR record type : 0x%02x", header.type);
+    sdr_diagnose("SDR record next : 0x%04x", header.next_record);
+    sdr_diagnose("SDR record bytes: %d", header.length);
+}
+
 /// The header of the next record, and the iterator moved on; null at the end and on failure. The next call overwrites
 /// it.
 static const sdr_header *sdr_get_next_header(sdr_iterator &store)
@@ -313,10 +330,7 @@ static const sdr_header *sdr_get_next_header(sdr_iterator &store)
         sdr_diagnose("SDR record id mismatch: 0x%04x", header.id);
         header.id = store.next_record;
     }
-    sdr_diagnose("SDR record ID   : 0x%04x", header.id);
-    sdr_diagnose("SDR record type : 0x%02x", header.type);
-    sdr_diagnose("SDR record next : 0x%04x", header.next_record);
-    sdr_diagnose("SDR record bytes: %d", header.length);
+    describe(header);
     store.next_record = header.next_record;
     return &header;
 }
@@ -346,7 +360,8 @@ static bool fill_body(uint8_t *body, const sdr_header &header, sdr_iterator &sto
         }
         const unsigned size = std::min(header.length - position, sdr_read_size);
         const unsigned offset = (position & 0xFF) + header_length;
-        sdr_diagnose("Getting %d bytes from SDR at offset %d", int(size), int(offset));
+        if (describes_steps())
+            sdr_diagnose("Getting %d bytes from SDR at offset %d", int(size), int(offset));
         const ipmi_answer got = exchange(read_record(store, header.id, uint8_t(offset), uint8_t(size)));
         if (got.refused_with(reservation_cancelled)) {
             sdr_diagnose("SDR reservation cancelled. Sleeping a bit and retrying...");

@@ -18,30 +18,31 @@ static uint8_t next_sequence;  // counts all calls of both variants; the lower s
 /// The frame sent. It may hold a password, so nothing is left of it.
 struct frame_copy {
     uint8_t byte[sizeof(ipmi_msg)];
+    const uint8_t length;  // without the checksum at the end
 
-    explicit frame_copy(const ipmi_msg &request) { vos_memcpy(byte, sizeof byte, request.byte, sizeof byte); }
-    ~frame_copy() { vos_memset(byte, sizeof byte, 0, sizeof byte); }
+    frame_copy(const ipmi_msg &request, uint8_t length_) : length(length_) { memcpy(byte, request.byte, length); }
+    ~frame_copy() { vos_memset(byte, sizeof byte, 0, length + 1U); }
     frame_copy(const frame_copy &) = delete;
     frame_copy &operator=(const frame_copy &) = delete;
 };
 
 /// With it, the bytes covered add up to 0 modulo 256.
-static uint8_t checksum(const uint8_t *bytes, unsigned count)
+static uint8_t checksum(const uint8_t *begin, const uint8_t *end)
 {
     uint8_t sum = 0;
-    for (unsigned n = 0; n < count; ++n)
-        sum = uint8_t(sum + bytes[n]);
+    for (; begin < end; ++begin)
+        sum = uint8_t(sum + *begin);
     return uint8_t(-sum);
 }
 
-static void complete_frame(frame_copy &frame, uint8_t length)
+static void complete_frame(frame_copy &frame)
 {
     frame.byte[0] = 0x00;
     frame.byte[1] &= 0xFC;  // LUN 0
-    frame.byte[2] = checksum(frame.byte, 2);
+    frame.byte[2] = checksum(frame.byte, frame.byte + 2);
     frame.byte[3] = requester_address;
     frame.byte[4] = uint8_t((next_sequence++ & 0x3F) << 2);
-    frame.byte[length] = checksum(frame.byte, length);
+    frame.byte[frame.length] = checksum(frame.byte + 3, frame.byte + frame.length);  // the first three add up to 0
 }
 
 static bool receive(ipmi_rsp &response, int waits)
@@ -74,8 +75,8 @@ static int send_recv(const ipmi_msg *request, ipmi_rsp *response, uint8_t length
     if (length >= sizeof(ipmi_msg))  // no room for the checksum
         return fail(error_not_sent);
 
-    frame_copy frame(*request);
-    complete_frame(frame, length);
+    frame_copy frame(*request, length);
+    complete_frame(frame);
     for (int attempt = 1;; ++attempt) {
         if (ipc_msg_send(frame.byte, length + 1U, 0, ipmi_service_port) != 0) {
             if (attempt == max_attempts)

@@ -72,16 +72,9 @@ ipmi_answer exchange_patient(const ipmi_request &request);
 class ipmi_reader
 {
 public:
-    explicit ipmi_reader(std::span<const uint8_t> data) : left(data) {}
+    explicit ipmi_reader(std::span<const uint8_t> data) : next(data.data()), end(next + data.size()) {}
 
-    uint8_t u8()
-    {
-        if (left.empty())
-            return 0;
-        const uint8_t value = left.front();
-        left = left.subspan(1);
-        return value;
-    }
+    uint8_t u8() { return next < end ? *next++ : uint8_t(0); }
     uint16_t u16le()
     {
         const uint8_t low = u8();
@@ -95,16 +88,18 @@ public:
     /// As many bytes as there is room for.
     void bytes(std::span<uint8_t> to)
     {
-        const size_t there = std::min(to.size(), left.size());
-        std::fill(std::copy_n(left.begin(), there, to.begin()), to.end(), uint8_t(0));
-        left = left.subspan(there);
+        const size_t there = std::min(to.size(), left());
+        std::fill(std::copy_n(next, there, to.begin()), to.end(), uint8_t(0));
+        next += there;
     }
     ipmi_reader &skip(size_t count)
     {
-        left = left.subspan(std::min(count, left.size()));
+        next += std::min(count, left());
         return *this;
     }
 
 private:
-    std::span<const uint8_t> left;
+    size_t left() const { return size_t(end - next); }
+
+    const uint8_t *next, *const end;
 };

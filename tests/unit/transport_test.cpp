@@ -139,12 +139,12 @@ TEST_F(transport, patient_exchange_ends_as_any_other)
 TEST_F(transport, lengths_up_to_253_have_room_for_the_checksum)
 {
     stub.answer_all = {0x00};
-    const ipmi_request request(0x06, 0x01);
-    EXPECT_EQ(ipmi_send_recv(&request.record, &response, 253), 1);
+    const ipmi_msg request{};
+    EXPECT_EQ(ipmi_send_recv(&request, &response, 253), 1);
     EXPECT_EQ(stub.sent.at(0).size(), 254U);
     for (const uint8_t length : {uint8_t(254), uint8_t(255)}) {
         g_error_code = 0;
-        EXPECT_EQ(ipmi_send_recv(&request.record, &response, length), 0);
+        EXPECT_EQ(ipmi_send_recv(&request, &response, length), 0);
         EXPECT_EQ(g_error_code, 0x40000000U);
     }
     EXPECT_EQ(stub.sent.size(), 1U);
