@@ -37,6 +37,9 @@ START_UP = ["cpld_init", "fpga_Init", "ipc_no_listen_init 0", "CfgFileOpenReadOn
 THEN = ["CfgFileClose"]
 BLACKLIST = ["vos_get_file_length '/data/blacklist'"]
 TEAR_DOWN = ["ipc_exit", "cpld_clean", "fpga_clean"]
+# cfgtool-state has less around it, and the lines of a Unix program.
+STATE = "cfgtool-state"
+STATE_START_UP, STATE_TEAR_DOWN = ["ipc_no_listen_init 0"], ["ipc_exit"]
 LIFECYCLE = {call.split()[0] for call in START_UP + THEN + TEAR_DOWN} | {"KeySearch", "get_mac_num"}
 
 STANDARD_BOARD = b"""[FRU_PROPERTITY]
@@ -99,7 +102,17 @@ class Transcript:
     data_limit: int = resource.RLIM_INFINITY  # the bytes of memory that the tool may take
     calls_shown: bool = False
     ending: int = 0  # the signal that ends the tool
+    status: int = 0  # its exit status otherwise
     exchanges: int = 0
+
+    def is_state(self):
+        return self.commands and self.commands[0][0] == STATE
+
+    def frame(self):
+        """The calls around what a run does."""
+        if self.is_state():
+            return STATE_START_UP, STATE_TEAR_DOWN
+        return START_UP + (THEN if self.board is not None else []) + BLACKLIST, TEAR_DOWN
 
     def expect_screen(self, text):
         if self.events and self.events[-1][0] == "screen":
@@ -281,13 +294,13 @@ class LineCount:
         return isinstance(content, bytes) and content.count(b"\r\n") == self.count and content.endswith(b"\r\n")
 
 
-def parse_screen(line):
+def parse_screen(line, line_end=b"\r\n"):
     """| TEXT is a line that ends in \\r\\n; |"TEXT" is exactly that text."""
     if line.startswith('"'):
         return unescape(line[1 : line.rindex('"')])
     if line != line.rstrip():
         raise BadTranscript(f"blanks at a line's end are easily lost, write |\"...\\r\\n\": {line!r}")
-    return line.removeprefix(" ").encode() + b"\r\n"
+    return line.removeprefix(" ").encode() + line_end
 
 
 def without_comment(line):
@@ -398,9 +411,9 @@ class Reader:
         if line.startswith(">"):
             line = self.with_bytes(line)
         if line.startswith("|"):
-            transcript.expect_screen(parse_screen(line[1:]))
+            transcript.expect_screen(parse_screen(line[1:], b"\n" if transcript.is_state() else b"\r\n"))
         elif line.startswith("2|"):
-            transcript.stderr += parse_screen(line[2:]).replace(b"\r\n", b"\n")
+            transcript.stderr += parse_screen(line[2:], b"\n")
         elif line.startswith(">>"):
             parse_exchange(transcript, without_comment(line[2:]), patient=True)
         elif line.startswith(">"):
@@ -483,6 +496,8 @@ class Reader:
             parse_secret(transcript, self.value(rest))
         elif verb == "signal":
             parse_signal(transcript, rest)
+        elif verb == "exits":
+            transcript.status = int(rest)
         elif verb == "ends":
             transcript.ending = signal_number(rest)
         elif verb == "modes" and rest == "shown":
@@ -837,8 +852,8 @@ def faults_of(transcript, run):
     if not transcript.calls_shown:
         frame, actual = split_lifecycle(actual)
         frame = [call for call in frame if call.split()[0] not in ("KeySearch", "get_mac_num")]
-        wanted = START_UP + (THEN if transcript.board is not None else []) + BLACKLIST
-        wanted += [] if transcript.ending else TEAR_DOWN
+        before, after = transcript.frame()
+        wanted = before + ([] if transcript.ending else after)
         if frame != wanted:
             faults += ["start-up and tear-down:"] + difference(wanted, frame)
         _, expected = split_lifecycle(expected)
@@ -846,7 +861,7 @@ def faults_of(transcript, run):
         faults += difference([shown(event) for event in expected], [shown(event) for event in actual])
     if run.late:
         faults.append(f"still running after {TIME_LIMIT_S} seconds")
-    elif run.status != -transcript.ending:
+    elif run.status != (transcript.status or -transcript.ending):
         faults.append(f"exit status {run.status}")
     if run.stderr != transcript.stderr:
         faults.append(f"standard error: {run.stderr.decode(errors='replace')}")

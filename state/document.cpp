@@ -1,0 +1,107 @@
+#include "state/document.h"
+
+#include "state/complaints.h"
+#include "verdict/json.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <new>
+
+/// Memory is given back by the end of the run.
+static void *take(size_t size)
+{
+    void *const memory = calloc(1, size);
+    if (memory == nullptr)
+        give_up("out of memory");
+    return memory;
+}
+
+const char *keep(const char *text)
+{
+    const size_t size = strlen(text) + 1;
+    return static_cast<const char *>(memcpy(take(size), text, size));
+}
+
+node &node::add(const char *name, kind what)
+{
+    node *const added = new (take(sizeof(node))) node(what, name);
+    (last != nullptr ? last->next : first) = added;
+    last = added;
+    return *added;
+}
+
+void node::put(const char *name, const char *value) { add(name, kind::text).text = keep(value); }
+
+void node::take_over(const char *name, const node &value)
+{
+    node &added = add(name, value.is);
+    added.first = value.first;
+    added.last = value.last;
+}
+
+bool node::holds_anything() const
+{
+    if (is != kind::object && is != kind::list)
+        return true;
+    for (const node *member = first; member != nullptr; member = member->next)
+        if (member->holds_anything())
+            return true;
+    return false;
+}
+
+const node *node::find(const char *name) const
+{
+    for (const node *member = first; member != nullptr; member = member->next)
+        if (strcmp(member->key, name) == 0)
+            return member;
+    return nullptr;
+}
+
+// JSON --------------------------------------------------------------------------------------------------------------
+
+static void print_value(FILE *out, const node &value);
+
+static void print_members(FILE *out, const node &value, const char *brackets)
+{
+    fputc(brackets[0], out);
+    for (const node *member = value.first; member != nullptr; member = member->next) {
+        if (member != value.first)
+            fputc(',', out);
+        if (member->key != nullptr) {
+            print_json(out, member->key);
+            fputc(':', out);
+        }
+        print_value(out, *member);
+    }
+    fputc(brackets[1], out);
+}
+
+static void print_value(FILE *out, const node &value)
+{
+    switch (value.is) {
+    case node::kind::null:
+        fputs("null", out);
+        break;
+    case node::kind::truth:
+        fputs(value.truth ? "true" : "false", out);
+        break;
+    case node::kind::number:
+        fprintf(out, "%.15g", value.number);  // as many digits as every double keeps
+        break;
+    case node::kind::text:
+        print_json(out, value.text);
+        break;
+    case node::kind::object:
+        print_members(out, value, "{}");
+        break;
+    case node::kind::list:
+        print_members(out, value, "[]");
+        break;
+    }
+}
+
+void print_json(FILE *out, const node &document)
+{
+    print_value(out, document);
+    fputc('\n', out);
+}
