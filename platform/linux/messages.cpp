@@ -2,10 +2,12 @@
 /// is the socket FOLDER/N; FOLDER is /run/zentro, or what the environment variable ZENTRO_IPC_DIR names.
 ///
 /// The client's socket is connected to the port it sends to before it gets an address of its own, so at no moment can
-/// anybody but that service put a message into it. Every wait is bounded: 2000 ms, or ZENTRO_IPC_TIMEOUT_MS (1 to
-/// 60000).
+/// anybody but that service put a message into it. FOLDER has to belong to root or to the caller, and nobody else may
+/// write there: whoever may could put a service of his own in its place. Every wait is bounded: 2000 ms, or
+/// ZENTRO_IPC_TIMEOUT_MS (1 to 60000).
 #include "platform/linux/exported.h"
 #include "platform/linux/settings.h"
+#include "platform/linux/system_log.h"
 
 #include <cerrno>
 #include <cstdint>
@@ -14,6 +16,7 @@
 #include <cstring>
 #include <poll.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/time.h>
 #include <sys/un.h>
 #include <time.h>
@@ -69,6 +72,28 @@ static bool take_address()
     return bind(client.socket, &own, sizeof own.sa_family) == 0;
 }
 
+/// Why a folder may hold sockets of somebody else; null = it does not, or is not there.
+static const char *reason_against(const char *folder)
+{
+    struct stat about;
+    if (stat(folder, &about) != 0)
+        return nullptr;
+    if (about.st_uid != 0 && about.st_uid != geteuid())
+        return "not used for messages: it belongs to neither root nor the caller";
+    return (about.st_mode & (S_IWGRP | S_IWOTH)) != 0 ? "not used for messages: others may write there" : nullptr;
+}
+
+/// Says why not, once.
+static bool is_the_services(const char *folder)
+{
+    static bool said = false;
+    const char *reason = reason_against(folder);
+    if (reason != nullptr && !said)
+        log_warning(folder, reason);
+    said = said || reason != nullptr;
+    return reason == nullptr;
+}
+
 static bool connect_to(unsigned port)
 {
     sockaddr_un service{};
@@ -77,7 +102,7 @@ static bool connect_to(unsigned port)
     if (*folder == '\0')
         folder = default_folder;
     const int length = snprintf(service.sun_path, sizeof service.sun_path, "%s/%u", folder, port);
-    if (length < 0 || size_t(length) >= sizeof service.sun_path)
+    if (length < 0 || size_t(length) >= sizeof service.sun_path || !is_the_services(folder))
         return false;
 
     if (connect(client.socket, reinterpret_cast<sockaddr *>(&service), sizeof service) != 0 || !take_address())

@@ -1,4 +1,5 @@
 #include "platform/platform.h"
+#include "tests/platform/system_log.h"
 #include "tests/platform/test_folder.h"
 
 #include <array>
@@ -19,14 +20,6 @@ namespace
 using namespace std::chrono_literals;
 using record = std::array<unsigned char, 1056>;
 constexpr unsigned port = 2001;
-
-sockaddr_un address_of(const std::string &path)
-{
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    path.copy(address.sun_path, sizeof address.sun_path - 1);
-    return address;
-}
 
 /// The other side of the wire.
 class service
@@ -368,6 +361,52 @@ TEST_F(messages, what_makes_no_sense_is_refused)
     const variable too_long("ZENTRO_IPC_DIR", std::string(108, 'x'));
     start();
     EXPECT_EQ(send_text("request"), -1);
+}
+
+/// In a process of its own, since a warning comes once in each.
+std::string warning_when_asked(const system_log &log)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        ipc_no_listen_init(0);
+        const bool refused = send_text("x") == -1 && send_text("x") == -1;
+        _exit(refused ? 0 : 1);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    const std::string warning = log.next();
+    return status != 0 ? "sent" : log.next() != "nothing" ? "more than one warning" : warning;
+}
+
+TEST_F(messages, a_folder_that_others_may_write_to_is_not_the_services)
+{
+    const std::string ipc = path("i\np\x1B");
+    std::filesystem::create_directory(ipc);
+    const system_log log(path("syslog"));
+    const variable here("ZENTRO_IPC_DIR", ipc);
+    service other(ipc + "/2001");
+    for (const unsigned mode : {0777U, 01777U, 0775U, 0757U}) {
+        std::filesystem::permissions(ipc, std::filesystem::perms(mode));
+        EXPECT_EQ(warning_when_asked(log),
+                  "<84>zentro: " + path("i\\x0Ap\\x1B") + ": not used for messages: others may write there");
+    }
+    for (const unsigned mode : {0755U, 0700U}) {
+        std::filesystem::permissions(ipc, std::filesystem::perms(mode));
+        EXPECT_EQ(warning_when_asked(log), "sent") << mode;
+    }
+}
+
+TEST_F(messages, a_folder_of_a_stranger_is_not_the_services)
+{
+    const std::string ipc = path("ipc");
+    std::filesystem::create_directory(ipc);
+    service other(ipc + "/2001");
+    if (chown(ipc.c_str(), 65534, 65534) != 0)
+        GTEST_SKIP() << "only root may give a folder away";
+    const system_log log(path("syslog"));
+    const variable here("ZENTRO_IPC_DIR", ipc);
+    EXPECT_EQ(warning_when_asked(log),
+              "<84>zentro: " + ipc + ": not used for messages: it belongs to neither root nor the caller");
 }
 
 TEST_F(messages, nothing_is_left_open)

@@ -1,4 +1,5 @@
 #include "platform/platform.h"
+#include "tests/platform/system_log.h"
 #include "tests/platform/test_folder.h"
 
 #include <algorithm>
@@ -10,9 +11,7 @@
 #include <sstream>
 #include <sys/file.h>
 #include <sys/resource.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -206,45 +205,6 @@ TEST_F(oplog, records_with_a_missing_field_are_refused)
     EXPECT_EQ(vos_zentro_log(1, "u", "o", "m", nullptr), -1);
     EXPECT_FALSE(fs::exists(log_path()));
 }
-
-/// Reads what is sent to the system's log.
-class system_log
-{
-public:
-    explicit system_log(const std::string &path) : there("ZENTRO_SYSLOG", path)
-    {
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        path.copy(address.sun_path, sizeof address.sun_path - 1);
-        EXPECT_EQ(bind(fd, reinterpret_cast<sockaddr *>(&address), sizeof address), 0);
-    }
-    ~system_log() { close(fd); }
-    system_log(const system_log &) = delete;
-    system_log &operator=(const system_log &) = delete;
-
-    std::string next() const
-    {
-        char got[5000];
-        const ssize_t length = recv(fd, got, sizeof got, MSG_DONTWAIT);
-        return length < 0 ? "nothing" : std::string(got, size_t(length));
-    }
-    /// As somebody who sends faster than it reads.
-    void fill() const
-    {
-        const std::string path = getenv("ZENTRO_SYSLOG");
-        const int other = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        path.copy(address.sun_path, sizeof address.sun_path - 1);
-        while (sendto(other, "x", 1, MSG_DONTWAIT, reinterpret_cast<sockaddr *>(&address), sizeof address) == 1) {
-        }
-        close(other);
-    }
-
-private:
-    const variable there;
-    const int fd = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-};
 
 TEST_F(oplog, the_systems_log_gets_the_same_fields)
 {
