@@ -45,6 +45,30 @@ static sockaddr_un address_of(const std::filesystem::path &path)
     return address;
 }
 
+/// Whoever may write in the folder of a socket can put another one in its place.
+static void check_folder_of(const std::filesystem::path &path)
+{
+    const std::filesystem::path folder = path.has_parent_path() ? path.parent_path() : ".";
+    struct stat about {
+    };
+    if (stat(folder.c_str(), &about) != 0)
+        return;  // whoever goes there says why it failed
+    if (about.st_uid != 0 && about.st_uid != geteuid())
+        refuse(folder, "a folder for sockets has to be yours or root's, and this one is not");
+    if ((about.st_mode & (S_IWGRP | S_IWOTH)) != 0)
+        refuse(folder, "others may write in this folder, which is to hold sockets; it needs mode 0755");
+}
+
+void make_socket_folder(const std::filesystem::path &folder)
+{
+    const mode_t before = umask(022);
+    std::error_code problem;
+    std::filesystem::create_directories(folder, problem);
+    umask(before);
+    if (problem)
+        refuse(folder, problem.message());
+}
+
 static descriptor open_socket(const std::filesystem::path &path, int type)
 {
     descriptor opened(socket(AF_UNIX, type | SOCK_CLOEXEC, 0));
@@ -114,6 +138,7 @@ bound_socket::bound_socket(std::filesystem::path path_, int type_, mode_t mode_)
     : path(std::move(path_)), lock_path(path.native() + ".lock"), type(type_), mode(mode_)
 {
     const sockaddr_un address = address_of(path);
+    check_folder_of(path);
     lock = take_lock(path, lock_path);
     try {
         remove_stale(path, type, address);
@@ -148,6 +173,7 @@ bound_socket::~bound_socket()
 descriptor connect_stream(const std::filesystem::path &path)
 {
     const sockaddr_un address = address_of(path);
+    check_folder_of(path);
     descriptor opened = open_socket(path, SOCK_STREAM);
     if (connect_to(opened, address) != 0)
         refuse(path, strerror(errno));

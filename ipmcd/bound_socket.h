@@ -22,13 +22,18 @@ private:
     int number;
 };
 
+/// Makes a folder, and those above it, that any account can reach sockets in, whatever the umask. One that is there is
+/// left as it is. Throws std::runtime_error, with the folder in its text.
+void make_socket_folder(const std::filesystem::path &folder);
+
 /// Non-blocking, bound to a path. Holds a lock on "<path>.lock" while it lives; takes over what a dead process left
 /// behind and removes both files in the end.
 class bound_socket
 {
 public:
     /// `type` is SOCK_DGRAM or SOCK_STREAM, `mode` who may connect. Throws std::runtime_error, with the path in its
-    /// text, when somebody alive has the path, when it is no socket, or when it cannot be bound.
+    /// text, when somebody alive has the path, when it is no socket, when others may write in its folder or own it, or
+    /// when it cannot be bound.
     bound_socket(std::filesystem::path path, int type, mode_t mode);
     ~bound_socket();
     bound_socket(const bound_socket &) = delete;
@@ -51,7 +56,8 @@ private:
     std::shared_ptr<const descriptor> socket;
 };
 
-/// Connects a stream socket. Throws std::runtime_error with the path in its text.
+/// Connects a stream socket. Throws std::runtime_error with the path in its text, also when others may write in its
+/// folder or own it.
 descriptor connect_stream(const std::filesystem::path &path);
 
 }  // namespace ipmcd

@@ -16,18 +16,26 @@
 #include <ctime>
 #include <stdexcept>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace ipmcd;
 
 using stream = std::unique_ptr<FILE, int (*)(FILE *)>;
 
+/// A file is its owner's to read: it shows who did what. A terminal or a pipe keeps its mode.
 static stream open_trace(const options &chosen)
 {
     if (!chosen.trace_file)
         return {stderr, [](FILE *) { return 0; }};
+    const mode_t before = umask(077);
     stream opened(fopen(chosen.trace_file->c_str(), "ae"), fclose);
-    if (!opened)
+    umask(before);
+    struct stat about {
+    };
+    const bool is_private = opened && fstat(fileno(opened.get()), &about) == 0 &&
+                            (!S_ISREG(about.st_mode) || fchmod(fileno(opened.get()), 0600) == 0);
+    if (!is_private)
         throw std::runtime_error(chosen.trace_file->string() + ": " + strerror(errno));
     return opened;
 }
@@ -69,7 +77,7 @@ static void serve(const options &chosen)
     service ipmi(board, faults, shown);
     control commands(board, faults, ipmi, chosen.state);
 
-    std::filesystem::create_directories(chosen.ipc_dir);
+    make_socket_folder(chosen.ipc_dir);
     bound_socket ipmi_socket(chosen.ipc_dir / "2001", SOCK_DGRAM, 0666);   // any account's requests
     const bound_socket control_socket(chosen.control, SOCK_STREAM, 0600);  // its owner's orders
     ipmi_port requests(loop, ipmi_socket, ipmi);

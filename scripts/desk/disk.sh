@@ -24,7 +24,7 @@ make_disk() {
         truncate -s 16M "$desk/data/board/bios-flash"
         touch "$desk/lock/disk-made"
     fi
-    (cd "$desk" && mkdir -p "${disk_folders[@]}" ipmc/{bin,lib,share} controller)
+    (cd "$desk" && mkdir -p "${disk_folders[@]}" ipmc/{bin,lib,share} controller && chmod 755 run) # sockets are there
 }
 
 remove_disk() {

@@ -56,6 +56,76 @@ TEST_F(ipmcd_process, sockets_are_open_to_whom_they_are_for)
     EXPECT_EQ(orders.st_mode & 0777, 0600U);
 }
 
+static mode_t mode_of(const std::string &path)
+{
+    struct stat about {
+    };
+    EXPECT_EQ(stat(path.c_str(), &about), 0) << path;
+    return about.st_mode & 07777;
+}
+
+TEST_F(ipmcd_process, no_umask_opens_or_closes_what_it_makes)
+{
+    for (const mode_t mask : {0U, 077U}) {
+        const std::string place = folder / ("umask-" + std::to_string(mask)).c_str();
+        const mode_t before = umask(mask);
+        const auto running = std::make_unique<process>(
+            std::vector<std::string>{"--ipc-dir", place + "/a/b", "--trace=" + (folder / "trace").string()}, errors);
+        EXPECT_TRUE(running->says_ready());
+        umask(before);
+        EXPECT_EQ(mode_of(place), 0755U);
+        EXPECT_EQ(mode_of(place + "/a/b"), 0755U);
+        EXPECT_EQ(mode_of(folder / "trace"), 0600U);
+        std::filesystem::permissions(folder / "trace", std::filesystem::perms(0666));
+    }
+}
+
+TEST_F(ipmcd_process, a_trace_that_is_not_a_file_keeps_its_mode)
+{
+    ASSERT_EQ(mkfifo((folder / "fifo").c_str(), 0640), 0);
+    const descriptor reader(open((folder / "fifo").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    const auto running = start({"--trace=" + (folder / "fifo").string()});
+    EXPECT_EQ(mode_of(folder / "fifo"), 0640U);
+}
+
+TEST_F(ipmcd_process, a_folder_that_others_may_write_to_is_refused)
+{
+    make_socket_folder(ipc);
+    const std::string why = ": others may write in this folder, which is to hold sockets; it needs mode 0755\n";
+    for (const mode_t mode : {0775U, 0757U, 01777U}) {
+        std::filesystem::permissions(ipc, std::filesystem::perms(mode));
+        const auto running = run();
+        EXPECT_EQ(running->end(), "");
+        EXPECT_EQ(running->status, 1);
+        EXPECT_EQ(ask("show"), "2 ") << "nor is somebody else's service asked";
+        EXPECT_EQ(content_of(errors), "ipmcd: " + ipc + why + "ipmcd: " + ipc + why);
+        std::filesystem::remove(errors);
+        EXPECT_TRUE(left_behind().empty());
+    }
+}
+
+TEST_F(ipmcd_process, the_folder_of_the_control_socket_counts_too)
+{
+    std::filesystem::permissions(folder.path(), std::filesystem::perms(0777));
+    const auto running = run({"--control", folder / "orders"});
+    running->end();
+    EXPECT_EQ(running->status, 1);
+    EXPECT_TRUE(content_of(errors).starts_with("ipmcd: " + folder.path().string() + ": others may write"));
+    EXPECT_TRUE(left_behind().empty());
+}
+
+TEST_F(ipmcd_process, a_folder_of_a_stranger_is_refused)
+{
+    make_socket_folder(ipc);
+    if (chown(ipc.c_str(), 65534, 65534) != 0)
+        GTEST_SKIP() << "only root may give a folder away";
+    const auto running = run();
+    running->end();
+    EXPECT_EQ(running->status, 1);
+    EXPECT_EQ(content_of(errors),
+              "ipmcd: " + ipc + ": a folder for sockets has to be yours or root's, and this one is not\n");
+}
+
 TEST_F(ipmcd_process, says_ready_on_the_descriptor_it_is_given)
 {
     int pipe_ends[2];
@@ -103,7 +173,7 @@ TEST_F(ipmcd_process, takes_over_what_a_dead_one_left)
 
 TEST_F(ipmcd_process, leaves_the_socket_of_another_program_alone)
 {
-    std::filesystem::create_directory(ipc);
+    make_socket_folder(ipc);
     const descriptor other(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0));
     const sockaddr_un address = address_of(ipc + "/2001");
     ASSERT_EQ(bind(other.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address), 0);
@@ -116,7 +186,7 @@ TEST_F(ipmcd_process, leaves_the_socket_of_another_program_alone)
 
 TEST_F(ipmcd_process, leaves_what_is_no_socket_alone)
 {
-    std::filesystem::create_directory(ipc);
+    make_socket_folder(ipc);
     std::ofstream(ipc + "/2001") << "precious";
     const auto running = run();
     running->end();
@@ -307,7 +377,7 @@ TEST_F(ipmcd_process, ask_tells_by_its_exit_status_how_it_went)
 
 /// A control socket whose other end is this test.
 struct ask_alone : ipmcd_process {
-    ask_alone() : port((std::filesystem::create_directory(ipc), ipc + "/control"), SOCK_STREAM, 0600)
+    ask_alone() : port((make_socket_folder(ipc), ipc + "/control"), SOCK_STREAM, 0600)
     {
         EXPECT_EQ(listen(port.get(), 1), 0);
     }
