@@ -10,7 +10,8 @@
 set(file_mode OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 set(program_mode ${file_mode} OWNER_EXECUTE GROUP_EXECUTE WORLD_EXECUTE)
 
-install(TARGETS cfgtool cfgtool-verdict RUNTIME PERMISSIONS ${program_mode} COMPONENT tool)
+set(tools cfgtool cfgtool-verdict)
+install(TARGETS ${tools} RUNTIME PERMISSIONS ${program_mode} COMPONENT tool)
 
 install(TARGETS zentro_platform EXPORT platform
         LIBRARY PERMISSIONS ${file_mode} COMPONENT platform NAMELINK_COMPONENT dev
@@ -51,4 +52,10 @@ if(TARGET ipmcd)
             FILE_PERMISSIONS ${file_mode}
             PATTERN zntool PERMISSIONS ${program_mode}
             PATTERN recorded PERMISSIONS ${program_mode})
+endif()
+
+# What ./desk runs.
+add_custom_target(desk DEPENDS ${tools} platform-check manual-pages)
+if(TARGET ipmcd)
+    add_dependencies(desk ipmcd zentro_platform_simulator)
 endif()

@@ -601,6 +601,55 @@ class desk(unittest.TestCase):
         self.assertEqual((status, out), (OWN_FAILURE, b""))
         self.assertIn("bin/cfgtool", err)
 
+    # The build
+
+    def fresh_repository(self):
+        """A clone where nothing is built, and a ninja of four steps that makes what the build folder has."""
+        repository = self.folder / "repository"
+        for name in ("desk", "scripts", "ipmcd/disk"):
+            source = REPOSITORY / name
+            (repository / name).parent.mkdir(parents=True, exist_ok=True)
+            (shutil.copytree if source.is_dir() else shutil.copy)(source, repository / name)
+        tools = {"cmake": "echo >build/build.ninja",
+                 "ninja": f"""
+                     [ "$3" != -n ] || exit 0
+                     for n in 1 2 3 4; do echo "[$n/4] Building $4"; done
+                     cp -R {BUILD}/bin {BUILD}/lib {repository}/build"""}
+        for name, script in tools.items():
+            path = self.folder / "bin" / name
+            path.parent.mkdir(exist_ok=True)
+            path.write_text(f"#!/bin/sh -e\n{script}\n")
+            path.chmod(0o755)
+        del self.environment["DESK_BUILD"]
+        self.environment["PATH"] = f"{self.folder}/bin:{self.environment['PATH']}"
+        return repository
+
+    def test_first_desk_builds_and_shows_how_far_it_is(self):
+        repository = self.fresh_repository()
+        ours, theirs = pty.openpty()
+        self.addCleanup(os.close, ours)
+        command = [repository / "desk", "cfgtool-verdict", "--help"]
+        done = subprocess.run(command, env=self.environment, stdout=subprocess.PIPE, stderr=theirs, timeout=60)
+        os.close(theirs)
+        self.assertEqual(done.returncode, 0)
+        self.assertIn(b"Usage: cfgtool-verdict ", done.stdout)
+        shown = os.read(ours, 4096).decode()
+        steps = "".join(f"\rdesk: step {number} of 4" for number in (1, 2, 3, 4))
+        self.assertEqual(shown, f"desk: building, which takes some minutes ...\r\n{steps}\r\n")
+
+    def test_first_desk_without_a_terminal_says_that_it_builds(self):
+        repository = self.fresh_repository()
+        done = subprocess.run([repository / "desk", "true"], env=self.environment, stderr=subprocess.PIPE, timeout=60)
+        self.assertEqual((done.returncode, done.stderr), (0, b"desk: building, which takes some minutes ...\n"))
+
+    def test_build_makes_every_installed_program(self):
+        if not os.path.exists(f"{BUILD}/build.ninja"):
+            self.skipTest("not a build by ninja")
+        made = subprocess.run(["ninja", "-C", BUILD, "-t", "query", "desk"], capture_output=True, text=True, check=True).stdout
+        installed = re.findall(r"^\w+ +\d+ +(bin/\S+)$", (REPOSITORY / "packaging/files").read_text(), re.MULTILINE)
+        self.assertGreater(len(installed), 3)
+        self.assertEqual(sorted(re.findall(r"^    (bin/\S+)$", made, re.MULTILINE)), sorted(installed))
+
     # Options
 
     def test_bad_options(self):
