@@ -4,7 +4,6 @@
 #include "ipmi/privilege.h"
 #include "ipmi/transport.h"
 #include "oplog/oplog.h"
-#include "system/hold_signals.h"
 #include "ui/arguments.h"
 #include "ui/console.h"
 #include "ui/prompt.h"
@@ -27,30 +26,28 @@ int clearcmos(const invocation &typed)
     if (!check_privilege(typed))
         return 0;
     if (typed.count != 0)
-        return refuse("Usage: cfgtool -d clearcmos");
+        return usage_error("Usage: cfgtool -d clearcmos");
     if (!ask_confirm_with_warning())
         return 0;
 
     boot_flags flags;
     if (!get_boot_flags(flags))
-        return refuse(failure, g_error_code);
-    const hold_signals until_closed;
-    if (!set_boot_option_progress(1))
-        return refuse(failure, g_error_code);
+        return fail(failure, g_error_code);
+    boot_option_bracket bracket;
+    if (!bracket.opened())
+        return fail(failure, g_error_code);
     flags.byte2() |= boot_flags::clear_cmos;
     const ipmi_answer got = exchange(set_boot_flags(flags));
     if (!got.ok())
-        say(failure, got.error_code());
-    if (got.refused()) {
-        set_boot_option_progress(0);
+        fail(failure, got.error_code());
+    if (got.refused())
         return 0;
-    }
     if (got.ok()) {
-        say("Clear CMOS successfully.");
+        done("Clear CMOS successfully.");
         log_change("CMOS", "Clear CMOS success,EvtCode:0x20400230");
     }
     take_back_clear_cmos();
-    return set_boot_option_progress(0);  // Kept: decides alone, also when the clearing was not answered
+    return close_and_decide(bracket);  // Kept: also when the clearing was not answered
 }
 
 // Boot device -------------------------------------------------------------------------------------------------------
@@ -100,25 +97,25 @@ int bootdevice(const invocation &typed)
         return 0;
     const boot_device *device = typed.has_values(1) ? find_device(parse_number(typed.value(0))) : nullptr;
     if (device == nullptr)
-        return refuse(bootdevice_usage);
+        return usage_error(bootdevice_usage);
 
     boot_flags flags = current_or_empty_flags();
-    const hold_signals until_closed;
-    if (!set_boot_option_progress(1))
-        return refuse(failure, g_error_code);
+    boot_option_bracket bracket;
+    if (!bracket.opened())
+        return fail(failure, g_error_code);
     flags.byte2() = uint8_t((flags.byte2() & ~boot_flags::device_mask) | device->option << 2);
     const ipmi_answer got = exchange(set_boot_flags(flags));
     if (got.refused()) {
-        set_boot_option_progress(0);
-        return refuse(failure, got.error_code(boot_option_flags));
+        bracket.close();
+        return fail(failure, got.error_code(boot_option_flags));
     }
     if (got.ok()) {
-        say("Set boot device successfully.");
+        done("Set boot device successfully.");
         log_change("Host", "Set system boot device(%s) success,EvtCode:0x20100080", device->log_name);
     } else {
-        say(failure, g_error_code);
+        fail(failure, got.error_code());
     }
-    return set_boot_option_progress(0);
+    return close_and_decide(bracket);
 }
 
 // BIOS write protection ---------------------------------------------------------------------------------------------
@@ -128,12 +125,12 @@ static constexpr char bioswriteprotect_usage[] = "Usage: cfgtool -d bioswritepro
                                                  "    1    BIOS write protect enable\r\n"
                                                  "    0    BIOS write protect disable";
 
-/// Kept: always g_error_code, which a refusal does not set: it shows 0.
-static int protection_failed(bool enable)
+/// Kept: shows g_error_code whatever the code, and a refusal does not set it: it shows 0.
+static int protection_failed(bool enable, uint32_t code)
 {
     if (enable)
-        return refuse("Enable BIOS write protection failed, error code: 0x%X", g_error_code);
-    return refuse("Disable BIOS write protection failed, error code: 0x%X", g_error_code);
+        return fail_because(code, "Enable BIOS write protection failed, error code: 0x%X", g_error_code);
+    return fail_because(code, "Disable BIOS write protection failed, error code: 0x%X", g_error_code);
 }
 
 int bioswriteprotect(const invocation &typed)
@@ -142,20 +139,18 @@ int bioswriteprotect(const invocation &typed)
         return 0;
     const int32_t option = typed.has_values(1) ? parse_number(typed.value(0)) : -1;
     if (option != 0 && option != 1)
-        return refuse(bioswriteprotect_usage);
+        return usage_error(bioswriteprotect_usage);
     const bool enable = option == 1;
 
-    const hold_signals until_closed;
-    if (!set_boot_option_progress(1))
-        return protection_failed(enable);
+    boot_option_bracket bracket;
+    if (!bracket.opened())
+        return protection_failed(enable, g_error_code);
     const ipmi_answer got = exchange(set_boot_option(boot_option_bios_protect).u8(uint8_t(option)));
     if (!got.ok())
-        protection_failed(enable);
-    if (got.refused()) {
-        set_boot_option_progress(0);
+        protection_failed(enable, got.error_code(boot_option_bios_protect));
+    if (got.refused())
         return 0;
-    }
     if (got.ok())
-        say(enable ? "Enable BIOS write protection successfully." : "Disable BIOS write protection successfully.");
-    return set_boot_option_progress(0);
+        done(enable ? "Enable BIOS write protection successfully." : "Disable BIOS write protection successfully.");
+    return close_and_decide(bracket);
 }

@@ -59,7 +59,7 @@ static int month_length(int year, int month)
 
 static int ipmctime_usage()
 {
-    return refuse("Usage: cfgtool -d ipmctime -v YYYY-MM-DD HH:MM:SS [time zone(-12 ~ +13)]");
+    return usage_error("Usage: cfgtool -d ipmctime -v YYYY-MM-DD HH:MM:SS [time zone(-12 ~ +13)]");
 }
 
 static bool is_outside(int value, int first, int last) { return value < first || value > last; }
@@ -140,11 +140,11 @@ static int set_clock(int zone, tm &calendar)
     if (converted == -1)
         return refuse("Parameter invalid..");
     if (!set_utc_offset(zone))  // Kept: in hours, where the controller keeps minutes
-        return refuse("Set system time failed, error code: 0x%X", g_error_code);
+        return fail("Set system time failed, error code: 0x%X", g_error_code);
     const ipmi_answer got = exchange(set_sel_time(uint32_t(converted - time_t(zone) * 3600)));
     if (!got.ok())
-        return refuse(time_failure, got.error_code());
-    say("Set ipmc time successfully.");
+        return fail(time_failure, got.error_code());
+    done("Set ipmc time successfully.");
     return 1;
 }
 
@@ -170,7 +170,7 @@ int ipmctime(const invocation &typed)
     auto *calendar = static_cast<tm *>(calloc(1, sizeof(tm)));
     if (calendar == nullptr) {
         g_error_code = error_memory;
-        return refuse(time_failure, g_error_code);
+        return fail(time_failure, g_error_code);
     }
     calendar->tm_year = year - 1900;
     const int result = set_clock(zone, *calendar);
@@ -210,10 +210,10 @@ int timezone_command(const invocation &typed)
         return 0;
     int offset;
     if (!typed.has_values(1) || !read_time_zone(typed.value(0), offset))
-        return refuse("Usage: cfgtool -d timezone -v <timezone>   -12:00<=timezone<=+13:00   e.g. +8:00,-4:30");
+        return usage_error("Usage: cfgtool -d timezone -v <timezone>   -12:00<=timezone<=+13:00   e.g. +8:00,-4:30");
     if (!set_utc_offset(offset))
-        return refuse("Set time zone failed.");
-    say("Set time zone successfully.");
+        return fail_because(g_error_code, "Set time zone failed.");
+    done("Set time zone successfully.");
     log_change("Time", "Set Zentro time zone(%s) success,EvtCode:0x20C00460", typed.value(0));
     return 1;
 }

@@ -39,16 +39,17 @@ static ipmi_request get_black_box_enabled()
 
 // Black box ---------------------------------------------------------------------------------------------------------
 
-static bool black_box_is_enabled()
-{
-    const ipmi_answer got = exchange(get_black_box_enabled());
-    return got.ok() && ipmi_reader(got.data).skip(4).u8() != 0;
-}
-
+/// Whether there is a black box to collect, as far as the controller says. False = the reason is printed.
 static bool black_box_has_data()
 {
-    const ipmi_answer got = exchange(collection_request(black_box, size_action));
-    return got.ok() && ipmi_reader(got.data).skip(4).u32le() != 0;
+    const ipmi_answer enabled = exchange(get_black_box_enabled());
+    if (!enabled.ok() || ipmi_reader(enabled.data).skip(4).u8() == 0)
+        return refuse_because(enabled.ok() ? 0 : enabled.error_code(),
+                              "Black Box function is diabled!");  // Kept: spelled so
+    const ipmi_answer size = exchange(collection_request(black_box, size_action));
+    if (!size.ok() || ipmi_reader(size.data).skip(4).u32le() == 0)
+        return refuse_because(size.ok() ? 0 : size.error_code(), "There is no Black Box data!");
+    return true;
 }
 
 // Collecting --------------------------------------------------------------------------------------------------------
@@ -61,7 +62,7 @@ static int failed(const collection &wanted, int result)
 
 static int collected(const collection &wanted)
 {
-    say("%s", wanted.saved);
+    done("%s", wanted.saved);
     save_sys_log(log_class_change, wanted.module, wanted.success);
     return 1;
 }
@@ -74,33 +75,35 @@ static int request_only(const collection &wanted)
     const ipmi_answer got = exchange(collection_request(wanted.option, start_action));
     if (got.ok())
         return collected(wanted);
-    say(start_failure, got.error_code());
+    fail(start_failure, got.error_code());
     return failed(wanted, 1);
 }
 
 /// Asks twice a second how far it is, without a limit.
 static int follow(const collection &wanted)
 {
-    static constexpr uint8_t done = 0, in_progress = 1;
+    static constexpr uint8_t is_done = 0, in_progress = 1;
     for (;;) {
         vos_task_delay(500);
         const ipmi_answer got = exchange(collection_request(wanted.option, progress_action));
         if (got.unanswered()) {
-            say("recv ipmi msg  fail, g_error_code=%d ", int(g_error_code));
+            fail_because(got.error_code(), "recv ipmi msg  fail, g_error_code=%d ", int(got.error_code()));
             return failed(wanted, 0);
         }
         if (!got.ok()) {
-            say("Get download status failed!");
+            fail_because(got.error_code(), "Get download status failed!");
             return failed(wanted, 0);
         }
         ipmi_reader fields(got.data);
         const uint8_t status = fields.skip(3).u8(), percent = fields.u8();  // behind the enterprise number
-        if (status == done) {
-            say_now("\r100%%,Download successfully.\r\n");
+        if (status == is_done) {
+            done("\r100%%,Download successfully.");
+            show_now();
             return collected(wanted);
         }
         if (status != in_progress) {
-            say_now("Download data failed.\r\n");
+            fail("Download data failed.");
+            show_now();
             return failed(wanted, 0);
         }
         say_now("\r%2d%%", percent);
@@ -112,15 +115,15 @@ static int start_and_follow(const collection &wanted)
     static constexpr uint8_t no_data = 0xCB, other_user = 0xC0;
     const ipmi_answer got = exchange(collection_request(wanted.option, start_action));
     if (got.refused_with(no_data)) {
-        say("There is no SOL data!");  // Kept: for the black box too
+        fail_because(got.error_code(), "There is no SOL data!");  // Kept: for the black box too
         return 1;
     }
     if (got.refused_with(other_user)) {
-        say("Other user downloading, please wait.");
+        fail_because(got.error_code(), "Other user downloading, please wait.");
         return failed(wanted, 1);
     }
     if (!got.ok()) {
-        say(start_failure, got.error_code());
+        fail(start_failure, got.error_code());
         return failed(wanted, 0);
     }
     say("Downloading...");
@@ -133,20 +136,14 @@ int download(const invocation &typed)
         return 0;
     const int32_t option = typed.has_values(1) ? parse_number(typed.value(0)) : -1;
     if (option < 0 || option > 3)
-        return refuse("Usage: cfgtool -d download -v <option>\r\n"
-                      "Options are:\r\n"
-                      "    0    SOL\r\n"
-                      "    1    Black Box\r\n"
-                      "    2    Video\r\n"
-                      "    3    Screen Pictures");
-    if (option == black_box && !black_box_is_enabled()) {
-        say("Black Box function is diabled!");  // Kept: spelled so
-        return 1;
-    }
-    if (option == black_box && !black_box_has_data()) {
-        say("There is no Black Box data!");
-        return 1;
-    }
+        return usage_error("Usage: cfgtool -d download -v <option>\r\n"
+                           "Options are:\r\n"
+                           "    0    SOL\r\n"
+                           "    1    Black Box\r\n"
+                           "    2    Video\r\n"
+                           "    3    Screen Pictures");
+    if (option == black_box && !black_box_has_data())
+        return 1;  // Kept: as if it had been collected
     const collection &wanted = collections[option];
     return wanted.followed ? start_and_follow(wanted) : request_only(wanted);
 }

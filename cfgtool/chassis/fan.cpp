@@ -75,19 +75,19 @@ int fanmode(const invocation &typed)
         return 0;
     const bool timeout_given = typed.has_values(2);
     if (!timeout_given && !typed.has_values(1))
-        return refuse(fanmode_usage);
+        return usage_error(fanmode_usage);
     const uint32_t mode = parse_unsigned(typed.value(0));
     const uint32_t timeout_s = timeout_given ? parse_unsigned(typed.value(1)) : default_timeout_s;
     if (mode > mode_manual || timeout_s > max_timeout_s)  // what is no number is larger than both
-        return refuse(fanmode_usage);
+        return usage_error(fanmode_usage);
     if (mode == mode_auto && timeout_given)
-        return refuse(fanmode_usage);
+        return usage_error(fanmode_usage);
 
     const ipmi_answer got = exchange(mode == mode_auto ? set_fan_mode_auto() : set_fan_mode_manual(timeout_s));
     if (!got.ok())
-        return refuse("Set fan mode failed, error code: 0x%X", got.error_code());
+        return fail("Set fan mode failed, error code: 0x%X", got.error_code());
 
-    say("Set fan mode successfully.");
+    done("Set fan mode successfully.");
     if (mode == mode_auto) {
         say("Current Mode:       Auto");  // Kept: one blank less than in the status
         log_change("Fan", "Set fan mode(%s) success,EvtCode:0x20E004D0", "auto");
@@ -105,7 +105,7 @@ int fanlevel(const invocation &typed)
         return 0;
     const int32_t percent = typed.has_values(1) ? parse_number(typed.value(0)) : -1;
     if (percent < 0)
-        return refuse("Usage: cfgtool -d fanlevel -v <value>");
+        return usage_error("Usage: cfgtool -d fanlevel -v <value>");
     if (percent < board.min_fan_level)
         return refuse("Fanlevel must not be lower than %d percent.", board.min_fan_level);
     if (percent > 100)
@@ -113,9 +113,9 @@ int fanlevel(const invocation &typed)
 
     const ipmi_answer got = exchange(set_fan_level(uint8_t(percent)));
     if (!got.ok())
-        return refuse("Set fan level  failed, error code: 0x%X", got.error_code());  // Kept: two blanks
+        return fail("Set fan level  failed, error code: 0x%X", got.error_code());  // Kept: two blanks
 
-    say("Set fan level successfully.");
+    done("Set fan level successfully.");
     show_fan_status();
     log_change("Fan", "Set fan level(%d) success,EvtCode:0x20E004F0", percent);
     return 1;

@@ -27,11 +27,11 @@ struct upgrade_order {
 
 static int upgrade_usage()
 {
-    return refuse("Usage: cfgtool -d upgrade -v [filepath] [option]\r\n"
-                  "Filepath      e.g.: /tmp/image.hpm\r\n"
-                  "Option are:\r\n"
-                  "    1           reboot BMC after upgrade(default)\r\n"
-                  "    0           don't reboot BMC after upgrade");
+    return usage_error("Usage: cfgtool -d upgrade -v [filepath] [option]\r\n"
+                       "Filepath      e.g.: /tmp/image.hpm\r\n"
+                       "Option are:\r\n"
+                       "    1           reboot BMC after upgrade(default)\r\n"
+                       "    0           don't reboot BMC after upgrade");
 }
 
 static bool is_reboot_option(const char *word) { return strcmp(word, "0") == 0 || strcmp(word, "1") == 0; }
@@ -85,11 +85,11 @@ static bool initiate(const char *path)
         if (got.ok())
             continue;
         if (got.unanswered())
-            say("send upgrade cmd faild!");  // Kept: spelled so
+            fail_because(got.error_code(), "send upgrade cmd faild!");  // Kept: spelled so
         else if (got.refused_with(already_upgrading))
-            say("Upgrade in progress.");
+            fail_because(got.error_code(), "Upgrade in progress.");
         else
-            say("Upgrade failed, error code:0x%02x", got.completion);
+            fail_because(got.error_code(), "Upgrade failed, error code:0x%02x", got.completion);
         log_change(module, "Initiate upgrade firmware fail,EvtCode:0x20B00401");
         return false;
     }
@@ -134,20 +134,22 @@ static upgrade_status read_status(std::span<const uint8_t> data)
     return {(progress & 0x80) != 0, uint8_t(progress & 0x7F), state, component, extended_error};
 }
 
-static void tell_refusal(const ipmi_answer &got)
+/// Returns false.
+static bool show_refusal(const ipmi_answer &got)
 {
+    const uint32_t code = got.error_code();
     const upgrade_status status = read_status(got.data);
     switch (got.completion & 0x7F) {
     case 2:
-        return say("The file does not exist!");
+        return fail_because(code, "The file does not exist!");
     case 3:
-        return say("Invalid upgraded file!");
+        return fail_because(code, "Invalid upgraded file!");
     case 4:
-        return say("Not enough memory!");
+        return fail_because(code, "Not enough memory!");
     case 8:
-        return say("Power-on state does not support upgrade!");
+        return fail_because(code, "Power-on state does not support upgrade!");
     default:
-        return say("Error code: 0x%02x%02x ", status.extended_error, status.component);
+        return fail_because(code, "Error code: 0x%02x%02x ", status.extended_error, status.component);
     }
 }
 
@@ -173,15 +175,13 @@ static bool follow()
     for (bool started = false;;) {
         const ipmi_answer got = exchange(upgrade_request(status_action));
         if (got.unanswered())
-            return refuse("recv ipmi msg  fail, g_error_code=%d ", int(g_error_code)) != 0;
-        if (!got.ok()) {
-            tell_refusal(got);
-            return false;
-        }
+            return fail_because(got.error_code(), "recv ipmi msg  fail, g_error_code=%d ", int(got.error_code()));
+        if (!got.ok())
+            return show_refusal(got);
         const upgrade_status status = read_status(got.data);
         if (status.state == upgrade_status::finished) {
             say("\r100%%");
-            say("Update successfully.");
+            done("Update successfully.");
             return true;
         }
         if (status.state == upgrade_status::updating) {
@@ -207,9 +207,9 @@ static void finish()
         return;
     }
     if (got.refused())
-        say("Finish upgrade failed, error code: 0x%X", got.error_code(0x06));
+        fail("Finish upgrade failed, error code: 0x%X", got.error_code(0x06));
     log_change(module, "Finish upgrade firmware(%s) fail,EvtCode:0x20B00B61", component);
-    say("finish upgrade failed!");
+    fail_because(got.error_code(), "finish upgrade failed!");
 }
 
 /// From here on to its end the tool can be neither interrupted nor suspended from the terminal.
@@ -231,7 +231,7 @@ int upgrade(const invocation &typed)
     shut_out_terminal_signals();
     say("Please make sure the Zentro is working while upgrading!");
     if (!initiate(order.path) || !follow())
-        return refuse("Update fail.");
+        return fail("Update fail.");
     if (order.reboot)
         finish();
     return 1;
@@ -253,14 +253,14 @@ int rollback(const invocation &typed)
         return rollback_failed();
     const ipmi_answer got = exchange(initiate_manual_rollback());
     if (got.unanswered()) {
-        say("Set rollback failed,error code: 0x%X", g_error_code);  // Kept: no blank after the comma
+        fail("Set rollback failed,error code: 0x%X", got.error_code());  // Kept: no blank after the comma
         return rollback_failed();
     }
     if (!got.ok()) {
-        say("Set rollback failed, error code: 0x%X", got.error_code());
+        fail("Set rollback failed, error code: 0x%X", got.error_code());
         return rollback_failed();
     }
-    say("Set rollback successfully, system will reboot soon!");
+    done("Set rollback successfully, system will reboot soon!");
     log_change(module, "Initiate Zentro manual rollback success,EvtCode:0x20B003F0");
     return 1;
 }

@@ -30,24 +30,25 @@ static ipmi_request set_fru_led_state(uint8_t led, const led_order &order)
 /// last continuation stands 81 columns on.
 static int print_usage()
 {
-    say("Usage: cfgtool -t led -d ledstate -v <ledname> <option>[value]...");
-    say("\nOptions are:");
-    say("%-50s%s", "off", "LED off");
-    say("%-50s%s", "on  <color>", "LED on");
-    say("%-47s%-80s%-81s%s", "blink <off duration> <on duration> <color>", "LED BLINKING",  // Kept: at column 48
-        "(duration range <1-250>,", "units is 10ms)");
-    say("%-50s%-80s%-80s%-81s%s", "lamptest <on duration> <color>", "LAMP TEST, Input ledname with",
-        "\"ledall\" lamp all leds.", "(duration range <0-127>,", "units is 100ms)");
-    say("%-50s%s", "localcontrol <color>", "Local Control");
-    return refuse("\r\nColors are:\r\n"
-                  "    1         Use BLUE\r\n"
-                  "    2         Use RED\r\n"
-                  "    3         Use GREEN\r\n"
-                  "    4         Use AMBER\r\n"
-                  "    5         Use ORANGE\r\n"
-                  "    6         Use WHITE\r\n"
-                  "    0xE       Do not change\r\n"
-                  "    0xF       Use default color");
+    usage_error("Usage: cfgtool -t led -d ledstate -v <ledname> <option>[value]...");
+    usage_error("\nOptions are:");
+    usage_error("%-50s%s", "off", "LED off");
+    usage_error("%-50s%s", "on  <color>", "LED on");
+    usage_error("%-47s%-80s%-81s%s", "blink <off duration> <on duration> <color>",
+                "LED BLINKING",  // Kept: at column 48
+                "(duration range <1-250>,", "units is 10ms)");
+    usage_error("%-50s%-80s%-80s%-81s%s", "lamptest <on duration> <color>", "LAMP TEST, Input ledname with",
+                "\"ledall\" lamp all leds.", "(duration range <0-127>,", "units is 100ms)");
+    usage_error("%-50s%s", "localcontrol <color>", "Local Control");
+    return usage_error("\r\nColors are:\r\n"
+                       "    1         Use BLUE\r\n"
+                       "    2         Use RED\r\n"
+                       "    3         Use GREEN\r\n"
+                       "    4         Use AMBER\r\n"
+                       "    5         Use ORANGE\r\n"
+                       "    6         Use WHITE\r\n"
+                       "    0xE       Do not change\r\n"
+                       "    0xF       Use default color");
 }
 
 // Which LED ---------------------------------------------------------------------------------------------------------
@@ -72,7 +73,7 @@ static int resolve_led(const char *name)
 {
     const ipmi_answer got = exchange(get_fru_led_properties());
     if (!got.ok()) {
-        say(failure, got.error_code());
+        fail(failure, got.error_code());
         return -1;
     }
     ipmi_reader properties(got.data);
@@ -80,7 +81,7 @@ static int resolve_led(const char *name)
     const uint8_t application_leds = properties.u8();
     const int id = find_led(name, general_leds, application_leds);
     if (id < 0)
-        say("Can't find %s.", name);
+        refuse("Can't find %s.", name);
     return id;
 }
 
@@ -157,13 +158,13 @@ int ledstate(const invocation &typed)
         return print_usage();
     led_order order;
     if (!option->order(typed.arguments + 3, order)) {
-        say("Input parameter out of range.");
+        refuse("Input parameter out of range.");
         return print_usage();
     }
 
     const ipmi_answer got = exchange(set_fru_led_state(uint8_t(led), order));
     if (!got.ok())
-        return refuse(failure, got.error_code());
-    say("Set led state successfully.");
+        return fail(failure, got.error_code());
+    done("Set led state successfully.");
     return 1;
 }

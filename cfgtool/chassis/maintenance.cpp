@@ -36,7 +36,7 @@ static void read_eeprom(uint8_t *image)
         const int result =
             i2c_write_read(bus, address, position, int(sizeof position), image + offset, int(eeprom_block), 0);
         if (result < 0) {
-            say("ret = %d, pos = %d", result, int(offset));
+            fail("ret = %d, pos = %d", result, int(offset));
             return;
         }
     }
@@ -47,12 +47,15 @@ static void save_eeprom()
     static constexpr char path[] = "/tmp/eeprom.bin";
     auto *image = static_cast<uint8_t *>(calloc(1, eeprom_size));
     if (image == nullptr) {
-        say("malloc failed!");
+        fail("malloc failed!");
         return;
     }
     read_eeprom(image);
-    if (replace_file(path, {image, eeprom_size}) == replaced::not_opened)
-        say("fp is null");
+    const replaced how = replace_file(path, {image, eeprom_size});
+    if (how == replaced::not_opened)
+        fail("fp is null");
+    else if (how == replaced::not_written)
+        fail_silently();
     free(image);
 }
 
@@ -61,9 +64,9 @@ int readeeprom(const invocation &typed)
     if (!check_privilege(typed))
         return 0;
     if (typed.count != 0)
-        return refuse("Usage: cfgtool -t maintenance -d readeeprom");
+        return usage_error("Usage: cfgtool -t maintenance -d readeeprom");
     save_eeprom();
-    say("\nRead eeprom to file /tmp/eeprom.bin successfully.");  // Kept: whatever came of it
+    done("\nRead eeprom to file /tmp/eeprom.bin successfully.");  // Kept: whatever came of it
     log_change("Zentro", "Read eeprom to file /tmp/eeprom.bin success, EvtCode:0x20201480");
     return 1;
 }
@@ -77,11 +80,11 @@ int downloadbios(const invocation &typed)
     if (!check_privilege(typed))
         return 0;
     if (typed.count != 0)
-        return refuse("Usage: cfgtool -t maintenance -d downloadbios");
+        return usage_error("Usage: cfgtool -t maintenance -d downloadbios");
     if (get_bios("/tmp/bios.bin", bios_8_mib) < 0)
-        return refuse("Download bios fail");
+        return fail("Download bios fail");
     log_change("BIOS", "Download bios to /tmp/bios.bin success, EvtCode:0x21701490");
-    return 1;
+    return done_silently();
 }
 
 /// Runs a program with one word, or none, and waits. What comes of it is nobody's concern.
@@ -117,7 +120,7 @@ static bool upgrade_from(const char *file)
 {
     const long length = get_file_length(file);
     if (length != bios_8_mib && length != bios_16_mib) {
-        say("\n BIOS.bin size is error, please check upgrade file.");
+        fail("\n BIOS.bin size is error, please check upgrade file.");
         return false;
     }
     say("size of %s is %d", file, int(length));
@@ -129,7 +132,7 @@ int upgradebios(const invocation &typed)
     if (!check_privilege(typed))
         return 0;
     if (typed.count != 2 || strncmp(typed.arguments[0], "-v", 2) != 0)  // Kept: no more than these two characters
-        return refuse("Usage: cfgtool -t maintenance -d upgradebios -v <filename>");
+        return usage_error("Usage: cfgtool -t maintenance -d upgradebios -v <filename>");
     const char *file = typed.value(0);
     if (!ends_in_bin(file))
         return refuse("please check the upgrade file BIOS.bin ");
@@ -137,9 +140,9 @@ int upgradebios(const invocation &typed)
         return 0;
     const hold_signals until_recorded;  // and above all while the flash is the controller's
     if (!upgrade_from(file))
-        return refuse("Upgrade bios fail");
+        return fail("Upgrade bios fail");
     log_change("BIOS", " Upgrade bios from %s success, EvtCode:0x217014A0", file);  // Kept: a blank in front
-    return 1;
+    return done_silently();
 }
 
 // Web server --------------------------------------------------------------------------------------------------------
@@ -152,12 +155,12 @@ int webrestart(const invocation &typed)
         return 0;
     }
     if (typed.count != 0)
-        return refuse("Usage: cfgtool -t maintenance -d webrestart");
+        return usage_error("Usage: cfgtool -t maintenance -d webrestart");
     run("/sbin/killall", web_server);
     vos_task_delay(2000);
     run(web_server);
     log_change("Zentro", "Restart web service success, EvtCode:0x202014E0");
-    return 1;
+    return done_silently();
 }
 
 // BIOS debug output -------------------------------------------------------------------------------------------------
@@ -171,10 +174,10 @@ int biosprint(const invocation &typed)
         return 0;
     const int32_t option = typed.has_values(1) ? parse_number(typed.value(0)) : -1;
     if (option != 1 && option != 2)
-        return refuse("Usage: cfgtool -t maintenance -d biosprint -v <option>\r\n"
-                      "Options are:\r\n"
-                      "    1    BIOS debug info enable\r\n"
-                      "    2    BIOS debug info enabled/disabled by BIOS setup menu");
+        return usage_error("Usage: cfgtool -t maintenance -d biosprint -v <option>\r\n"
+                           "Options are:\r\n"
+                           "    1    BIOS debug info enable\r\n"
+                           "    2    BIOS debug info enabled/disabled by BIOS setup menu");
     if (option == on) {
         say("WARNING: Setting BIOS debug info enable will make system start slow. ");
         if (!ask_confirm(continue_prompt))
@@ -183,13 +186,13 @@ int biosprint(const invocation &typed)
     const char *description = descriptions[option];
     const int result = set_bios_print_flag(option == on);
     if (result == not_supported)
-        return refuse("Unsupported command.");
+        return fail("Unsupported command.");
     if (result != 0) {
-        say("%s failed.", description);
+        fail("%s failed.", description);
         log_change("BIOS", "%s failed.", description);
         return 0;
     }
-    say("%s successfully.", description);
+    done("%s successfully.", description);
     log_change("BIOS", "%s successfully.", description);
     return 1;
 }
@@ -215,7 +218,7 @@ int httphost(const invocation &typed)
     if (!check_privilege(typed))
         return 0;
     if (!typed.has_values(1))
-        return refuse("Usage: cfgtool -d httphost -v <value>");
+        return usage_error("Usage: cfgtool -d httphost -v <value>");
     const char *host = typed.value(0);
     const size_t length = strlen(host);
     if (length > longest_host)
@@ -226,9 +229,9 @@ int httphost(const invocation &typed)
         const size_t size = std::min(length - offset, host_chunk);
         const ipmi_answer got = exchange(set_http_host(more, offset, host + offset, size));
         if (!got.ok())
-            return refuse("Set httphost %s failed, error code: 0x%X", host, got.error_code(uint8_t(OEM_IANA >> 8)));
+            return fail("Set httphost %s failed, error code: 0x%X", host, got.error_code(uint8_t(OEM_IANA >> 8)));
     }
     log_record(log_class_account, "WebUI", "Set httphost success,EvtCode:0x10301570");
-    say("Set httphost success.");
+    done("Set httphost success.");
     return 1;
 }

@@ -46,20 +46,20 @@ int identify(const invocation &typed)
     if (!check_privilege(typed))
         return 0;
     if (typed.count != 0 && typed.count != 2)
-        return refuse(identify_usage);
+        return usage_error(identify_usage);
     // Kept: the value is looked at before the "-v".
     const bool force = typed.count == 2 && strcmp(typed.value(0), "force") == 0;
     const int32_t seconds = typed.count == 2 && !force ? parse_number(typed.value(0)) : 0;
     if (seconds < 0 || (typed.count == 2 && !typed.has_values(1)))
-        return refuse(identify_usage);
+        return usage_error(identify_usage);
 
     // Kept: a time above 255 is no error, it is taken modulo 256.
     const identify_wish wish = typed.count == 0 ? default_interval() : force ? steady() : interval(uint8_t(seconds));
     const ipmi_answer got = exchange(wish.request);
     if (!got.ok())
-        return refuse("Identify UID led failed, error code: 0x%X", got.error_code());
+        return fail("Identify UID led failed, error code: 0x%X", got.error_code());
     log_change("LED", "%s", wish.record);
-    say("Identify UID led successfully.");
+    done("Identify UID led successfully.");
     return 1;
 }
 
@@ -90,17 +90,17 @@ int serialdir(const invocation &typed)
         return 0;
     const int32_t option = typed.has_values(1) ? parse_number(typed.value(0)) : -1;
     if (option < 0 || option > 2)
-        return refuse(serialdir_usage);
+        return usage_error(serialdir_usage);
     if (option == 2)
-        return 0;  // Kept: taken, and nothing done
+        return refuse_silently();  // Kept: taken, and nothing done
 
     const serial_direction &direction = serial_directions[option];
     const ipmi_answer got = exchange(set_serial_direction(direction.code));
     if (got.unanswered())
-        return refuse("Set serial direction failed, error code: 0x%X.", g_error_code);
+        return fail("Set serial direction failed, error code: 0x%X.", got.error_code());
     if (!got.ok())
-        return refuse("Set serial port direction failed, error code: 0x%X.", got.error_code());
-    say("Set serial port direction successfully!");
+        return fail("Set serial port direction failed, error code: 0x%X.", got.error_code());
+    done("Set serial port direction successfully!");
     say_raw("Serial port direction is:");
     say("%s", direction.words);
     log_change("Serial", "Set serial direction(Panel Connector->%s) success,EvtCode:0x20500240", direction.log_words);
@@ -119,16 +119,18 @@ int printscreen(const invocation &typed)
     if (!check_privilege(typed))
         return 0;
     if (typed.count != 0 && typed.count != 2)
-        return refuse("Usage: cfgtool -d printscreen [-v wakeup] ");  // Kept: a blank at the end, and none below
+        return usage_error("Usage: cfgtool -d printscreen [-v wakeup] ");  // Kept: a blank at the end, and none below
     const bool wake_up = typed.count == 2;
     if (wake_up && strcmp(typed.value(0), "wakeup") != 0)  // Kept: the first word is not looked at
-        return refuse("Usage: cfgtool -d printscreen [-v wakeup]");
+        return usage_error("Usage: cfgtool -d printscreen [-v wakeup]");
 
     const ipmi_answer got = exchange(save_screen_snapshot(wake_up));
     if (got.refused())
-        return refuse("Set printscreen failed, error code: 0x%X", got.error_code(uint8_t(OEM_IANA & 0xFF)));
+        return fail("Set printscreen failed, error code: 0x%X", got.error_code(uint8_t(OEM_IANA & 0xFF)));
     if (got.ok())
-        say("Set printscreen successfully.");
+        done("Set printscreen successfully.");
+    else
+        fail_silently(got.error_code());
     log_change("KVM", "Save screen snapshot success,EvtCode:0x20F00520");  // Kept: also when no answer came
     return 1;
 }

@@ -4,7 +4,6 @@
 #include "ipmi/privilege.h"
 #include "ipmi/transport.h"
 #include "oplog/oplog.h"
-#include "system/hold_signals.h"
 #include "ui/arguments.h"
 #include "ui/console.h"
 #include "ui/prompt.h"
@@ -64,11 +63,11 @@ int powerstate(const invocation &typed)
         return log_nothing_chosen();
     const host_action *action = find_action(power_actions, typed);
     if (action == nullptr) {
-        say("Usage: cfgtool -d powerstate -v <option>\r\n"
-            "Options are:\r\n"
-            "    0    Graceful Power Off, deactivate FRU\r\n"
-            "    1    Power on, activate FRU\r\n"
-            "    2    Forcibly Power Off, deactivate FRU");
+        usage_error("Usage: cfgtool -d powerstate -v <option>\r\n"
+                    "Options are:\r\n"
+                    "    0    Graceful Power Off, deactivate FRU\r\n"
+                    "    1    Power on, activate FRU\r\n"
+                    "    2    Forcibly Power Off, deactivate FRU");
         return log_nothing_chosen();
     }
     if (!ask_confirm_with_warning())
@@ -76,13 +75,16 @@ int powerstate(const invocation &typed)
 
     const ipmi_answer got = exchange(chassis_control(action->code));
     if (got.unanswered())
-        say("Control power %s failed, error code: 0x%X", action->words, g_error_code);
-    if (got.refused_with(not_in_present_state))  // Kept: no carriage return, and nothing for any other refusal
-        say_raw("Set Power Control(power %s)failed: Command not supported in present state\n", action->words);
+        fail("Control power %s failed, error code: 0x%X", action->words, got.error_code());
+    else if (got.refused_with(not_in_present_state))  // Kept: no carriage return, and nothing for any other refusal
+        fail_raw(got.error_code(), "Set Power Control(power %s)failed: Command not supported in present state\n",
+                 action->words);
+    else if (!got.ok())
+        fail_silently(got.error_code());
     if (!got.ok())
         return log_failure(action->failure);
 
-    say("Control power %s successfully.", action->words);
+    done("Control power %s successfully.", action->words);
     save_sys_log(log_class_change, "Host", action->success);
     return 1;
 }
@@ -93,10 +95,10 @@ int frucontrol(const invocation &typed)
         return log_nothing_chosen();
     const host_action *action = find_action(fru_actions, typed);
     if (action == nullptr) {
-        say("Usage: cfgtool -d frucontrol -v <option>\r\n"
-            "Options are:\r\n"
-            "    0    Cold Reset\r\n"
-            "    2    Graceful Reboot");
+        usage_error("Usage: cfgtool -d frucontrol -v <option>\r\n"
+                    "Options are:\r\n"
+                    "    0    Cold Reset\r\n"
+                    "    2    Graceful Reboot");
         return log_nothing_chosen();
     }
     if (!ask_confirm_with_warning())
@@ -104,13 +106,16 @@ int frucontrol(const invocation &typed)
 
     const ipmi_answer got = exchange(fru_control(fru0, action->code));
     if (got.unanswered())
-        say("FRU control fru%d (%s) failed, error code: 0x%X", fru0, action->words, g_error_code);
-    if (got.refused_with(not_in_present_state))  // Kept: no carriage return, and nothing for any other refusal
-        say_raw("Set fru%d Power Control(%s)failed: Command not supported in present state\n", fru0, action->words);
+        fail("FRU control fru%d (%s) failed, error code: 0x%X", fru0, action->words, got.error_code());
+    else if (got.refused_with(not_in_present_state))  // Kept: no carriage return, and nothing for any other refusal
+        fail_raw(got.error_code(), "Set fru%d Power Control(%s)failed: Command not supported in present state\n", fru0,
+                 action->words);
+    else if (!got.ok())
+        fail_silently(got.error_code());
     if (!got.ok())
         return log_failure(action->failure);
 
-    say("FRU control fru%d (%s) successfully.", fru0, action->words);
+    done("FRU control fru%d (%s) successfully.", fru0, action->words);
     save_sys_log(log_class_change, "Host", action->success);
     return 1;
 }
@@ -122,20 +127,22 @@ int shutdowntimeout(const invocation &typed)
         return 0;
     const int32_t timeout_s = typed.has_values(1) ? parse_number(typed.value(0)) : -1;
     if (timeout_s != 0 && (timeout_s < 10 || timeout_s > 6540))
-        return refuse("Usage: cfgtool -d shutdowntimeout -v <time>   time=0s or 10s<=time<=6540s");
+        return usage_error("Usage: cfgtool -d shutdowntimeout -v <time>   time=0s or 10s<=time<=6540s");
 
-    const hold_signals until_closed;
-    if (!set_boot_option_progress(1))
-        return refuse(failure, g_error_code);
+    boot_option_bracket bracket;
+    if (!bracket.opened())
+        return fail(failure, g_error_code);
     const auto timeout_100ms = uint16_t(timeout_s * 10);
     const ipmi_answer got = exchange(set_boot_option(boot_option_shutdown_timeout).u16le(timeout_100ms));
     if (got.refused()) {
-        set_boot_option_progress(0);
-        return refuse(failure, got.error_code(boot_option_shutdown_timeout));
+        bracket.close();
+        return fail(failure, got.error_code(boot_option_shutdown_timeout));
     }
     if (got.ok()) {
-        say("Set shutdown timeout successfully.");
+        done("Set shutdown timeout successfully.");
         log_change("Host", "Set graceful shutdown timeout(%d seconds) success,EvtCode:0x20100090", timeout_s);
     }
-    return set_boot_option_progress(0);  // Kept: decides alone, also when the timeout was not answered
+    if (got.unanswered())
+        fail_silently(got.error_code());
+    return close_and_decide(bracket);  // Kept: also when the timeout was not answered
 }

@@ -19,14 +19,14 @@ int reset(const invocation &typed)
     if (!check_privilege(typed))
         return 0;
     if (typed.count != 0)
-        return refuse("Usage: cfgtool -d reset");
+        return usage_error("Usage: cfgtool -d reset");
     if (!ask_confirm("This operation will reboot IPMC system. Continue? [Y/N]:"))
         return 0;
 
     const ipmi_answer got = exchange(cold_reset());
     if (!got.ok())
-        return refuse("Reset failed, error code: 0x%X", got.error_code());
-    say("Resetting...");
+        return fail("Reset failed, error code: 0x%X", got.error_code());
+    done("Resetting...");
     log_change("Zentro", "Reset Zentro success,EvtCode:0x202001E0");
     return 1;
 }
@@ -61,21 +61,21 @@ int sel(const invocation &typed)
     if (!check_privilege(typed))
         return 0;
     if (!typed.has_values(1) || strcmp(typed.value(0), "clear") != 0)
-        return refuse("Usage: cfgtool -d sel -v clear");
+        return usage_error("Usage: cfgtool -d sel -v clear");
     if (!ask_confirm_with_warning())
         return 0;
 
     const ipmi_answer reserved = exchange(reserve_sel());
     if (!reserved.ok())
-        return refuse(failure, reserved.error_code());
+        return fail(failure, reserved.error_code());
     const uint16_t reservation = ipmi_reader(reserved.data).u16le();
     const ipmi_answer erasing = exchange(clear_sel(reservation, initiate_erase));
     if (!erasing.ok())
-        return refuse(failure, erasing.error_code());
+        return fail(failure, erasing.error_code());
 
     say_now("Clear sel .");
     wait_for_erasure(reservation);
-    say("completed.");  // Kept: whatever ended the waiting
+    done("completed.");  // Kept: whatever ended the waiting
     log_change("SEL", "Clear SEL records success,EvtCode:0x207002F0");
     return 1;
 }

@@ -3,6 +3,7 @@
 #include "platform/platform.h"
 #include "system/board_profile.h"
 #include "ui/console.h"
+#include "ui/status.h"
 
 #include <csignal>
 #include <cstdlib>
@@ -35,6 +36,7 @@ int main(int argc, char **argv)
 {
     ignore_output_signals();
     fill_standard_descriptors();
+    open_status();
 
     cpld_init();
     fpga_Init();
@@ -46,5 +48,6 @@ int main(int argc, char **argv)
     ipc_exit();
     cpld_clean();
     fpga_clean();
-    exit(0);  // whatever happened: success and failure are told by the printed text alone
+    write_status({"end"});
+    exit(0);  // whatever happened: success and failure are reported by the printed text alone
 }

@@ -3,6 +3,7 @@
 #include "cli/registry.h"
 #include "platform/platform.h"
 #include "ui/console.h"
+#include "ui/status.h"
 
 #include <cstdio>
 #include <cstring>
@@ -18,15 +19,13 @@ static constexpr char dataitems_heading_apart[] = "\r\n    -d <dataitem>";
 static void list_row(const command_entry &row)
 {
     constexpr size_t width = 80, name_column = 7, help_column = 30;
-    char line[width + 2];
+    char line[width + sizeof "\r\n"];
     memset(line, ' ', width);
     memcpy(line + name_column, row.name, strnlen(row.name, width - name_column));
     const size_t help_length = strnlen(row.help, width - help_column);
     memcpy(line + help_column, row.help, help_length);
-    size_t end = help_column + help_length;
-    line[end++] = '\r';
-    line[end++] = '\n';
-    fwrite(line, 1, end, stdout);
+    memcpy(line + help_column + help_length, "\r\n", sizeof "\r\n");
+    usage_text(line);
 }
 
 /// The rows of the mask, all by default; of those only what is enabled.
@@ -40,21 +39,21 @@ static void list_rows(const command_entry *table, uint32_t mask = UINT32_MAX)
 static void print_usage(uint8_t targets_seen, const char *target)
 {
     if (targets_seen == 0) {
-        say("Useage: cfgtool [-t target] -d dataitem [-v value]");  // Kept: spelled so
-        say(targets_heading);
+        usage_error("Useage: cfgtool [-t target] -d dataitem [-v value]");  // Kept: spelled so
+        usage_error(targets_heading);
         list_rows(targets);
-        say(dataitems_heading_apart);
+        usage_error(dataitems_heading_apart);
         list_rows(top_level_dataitems);
         return;
     }
     // Kept: disabled targets count here.
     const row_matches found = target != nullptr ? find_rows(targets, target, disabled_rows::counted) : row_matches{};
     if (found.count == 1) {
-        say(dataitems_heading_apart);
+        usage_error(dataitems_heading_apart);
         list_rows(target_dataitems[found.first]);
         return;
     }
-    say(targets_heading);
+    usage_error(targets_heading);
     list_rows(targets, found.count == 0 ? UINT32_MAX : found.mask);
 }
 
@@ -67,31 +66,35 @@ static bool validate_target(const char *target)
     if (found.count == 1)
         return true;
     if (found.count == 0)
-        say("input parameter[-t] error");  // Kept: a small "i" here, a capital below
-    say(targets_heading);
+        refuse("input parameter[-t] error");  // Kept: a small "i" here, a capital below
+    usage_error(targets_heading);
     list_rows(targets, found.count == 0 ? UINT32_MAX : found.mask);
     return false;
 }
 
-/// The dataitems of the target meant by a text that has passed the validator: the first that fits.
-static const command_entry *dataitems_of(const char *target)
+/// The target meant by a text that has passed the validator: the first that fits.
+static unsigned target_of(const char *target)
 {
-    return target_dataitems[find_rows(targets, target, disabled_rows::counted).first];  // Kept: disabled or not
+    return find_rows(targets, target, disabled_rows::counted).first;  // Kept: disabled or not
 }
+
+static const command_entry *dataitems_of(const char *target) { return target_dataitems[target_of(target)]; }
 
 static void run_dataitem(const command_entry *table, const char *target, const char *dataitem, uint8_t count,
                          char **arguments)
 {
     const row_matches found = find_rows(table, dataitem);
     if (found.count == 0) {
-        say("Input parameter[-d] error");
-        say(dataitems_heading);
+        refuse("Input parameter[-d] error");
+        usage_error(dataitems_heading);
         list_rows(table);
     } else if (found.count > 1) {
-        say(dataitems_heading_apart);
+        usage_error(dataitems_heading_apart);
         list_rows(table, found.mask);
     } else {
         const command_entry &row = table[found.first];
+        if (has_status())
+            write_status({"command", target != nullptr ? targets[target_of(target)].name : "", row.name});
         vos_strncpy(current_command, sizeof current_command, dataitem, sizeof current_command - 1);
         row.handler({row.level(), count, arguments, target});
     }
@@ -103,8 +106,8 @@ void dispatch(uint8_t targets_seen, const char *target, const char *dataitem, ui
         if (validate_target(target))
             run_dataitem(dataitems_of(target), target, dataitem, count, arguments);
     } else if (dataitem == nullptr) {
-        say("\r\ninput parameter<-d> error");
-        say(dataitems_heading);
+        refuse("\r\ninput parameter<-d> error");
+        usage_error(dataitems_heading);
         list_rows(top_level_dataitems);
     } else {
         run_dataitem(top_level_dataitems, nullptr, dataitem, count, arguments);
@@ -147,7 +150,7 @@ void run_command_line(int argc, char **argv)
         }
     }
     if (targets_seen != 0) {
-        say(dataitems_heading_apart);
+        usage_error(dataitems_heading_apart);
         list_rows(dataitems_of(target));
     }
 }

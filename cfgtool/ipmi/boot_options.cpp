@@ -2,6 +2,7 @@
 #include "ipmi/get_requests.h"
 
 #include "ipmi/transport.h"
+#include "ui/console.h"
 
 #include <algorithm>
 
@@ -18,6 +19,8 @@ int set_boot_option_progress(uint8_t value)
     g_error_code = got.error_code(value);
     return 0;
 }
+
+int close_and_decide(boot_option_bracket &bracket) { return bracket.close() ? 1 : fail_silently(g_error_code); }
 
 int get_boot_flags(boot_flags &flags)
 {

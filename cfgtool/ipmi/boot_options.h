@@ -1,6 +1,7 @@
 /// The host's boot options, as several commands write them (IPMI 2.0, Set and Get System Boot Options).
 #pragma once
 
+#include "ipmi/bracket.h"
 #include "ipmi/request.h"
 
 #include <cstdint>
@@ -13,6 +14,13 @@ constexpr uint8_t boot_option_shutdown_timeout = 0x62, boot_option_bios_protect 
 /// Opens (1) or closes (0) the bracket around writes of boot options. A bracket that is open already is no failure.
 ///   returns  1 = done; 0 = not, and g_error_code says why (left alone for a value above 1)
 int set_boot_option_progress(uint8_t value);
+struct boot_option_bracket : bracket {
+    boot_option_bracket() : bracket(set_boot_option_progress) {}
+};
+
+/// Closes it by hand, with the last word on the command: a failure is one, though nothing is printed.
+///   returns  1 = closed; 0 = not, and g_error_code says why
+int close_and_decide(boot_option_bracket &bracket);
 
 /// The boot flags, parameter 5.
 struct boot_flags {

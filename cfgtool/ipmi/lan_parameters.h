@@ -1,8 +1,8 @@
 /// LAN configuration parameters and the bracket around their writes (IPMI 2.0, Set LAN Configuration Parameters).
 #pragma once
 
+#include "ipmi/bracket.h"
 #include "ipmi/request.h"
-#include "system/hold_signals.h"
 
 #include <cstdint>
 
@@ -22,33 +22,6 @@ ipmi_request set_oem_lan_parameter(uint8_t channel, uint8_t selector);
 ///            value above 1)
 int lan_set_in_progress(uint8_t value);
 
-/// The bracket, closed once: by hand where it shows whether that is before or after a text, else at the end. While it
-/// is there, signals that would end the tool wait.
-class lan_bracket
-{
-public:
-    lan_bracket() : is_open(lan_set_in_progress(1) == 1), must_close(is_open) {}
-    ~lan_bracket()
-    {
-        if (must_close)
-            close();
-    }
-    lan_bracket(const lan_bracket &) = delete;
-    lan_bracket &operator=(const lan_bracket &) = delete;
-
-    /// False: opening it failed. It is then not closed at the end either.
-    bool opened() const { return is_open; }
-    /// True = closed.
-    bool close()
-    {
-        must_close = false;
-        return lan_set_in_progress(0) == 1;
-    }
-    /// Does not close it.
-    void leave_open() { must_close = false; }
-
-private:
-    const hold_signals until_closed;
-    const bool is_open;
-    bool must_close;
+struct lan_bracket : bracket {
+    lan_bracket() : bracket(lan_set_in_progress) {}
 };

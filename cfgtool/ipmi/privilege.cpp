@@ -41,7 +41,7 @@ int check_privilege(const invocation &typed)
     const char *reason = privilege_refusal(typed.level);
     if (reason == nullptr)
         return 1;
-    say("%s", reason);
+    refuse_because(reason == insufficient ? 0 : g_error_code, "%s", reason);
     if (typed.count == 0)
         vos_strncat(current_command, sizeof current_command,
                     " operation rejected because of insufficient privilege level.", 60);

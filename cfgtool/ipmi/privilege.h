@@ -9,5 +9,6 @@
 ///   returns  1 = allowed; 0 = refused, and the reason is printed
 int check_privilege(const invocation &typed);
 
-/// The same without a text. Null = allowed, else the reason why not.
+/// The same without a text. Null = allowed, else the reason why not; where the controller could not be asked,
+/// g_error_code has the error code.
 const char *privilege_refusal(uint8_t level);

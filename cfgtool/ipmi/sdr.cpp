@@ -22,18 +22,17 @@ void sdr_diagnose(const char *format, ...)
         return;
     va_list values;
     va_start(values, format);
-    vprintf(format, values);
+    say_values(format, values);
     va_end(values);
-    say_raw("\r\n");
 }
 
-/// A search that has no text of its own tells nothing of what it meets on the way either.
+/// A search that prints nothing of its own does not print what it meets on the way either.
 static bool is_silent;
 
-static void tell(const char *text)
+static void complain(uint32_t code, const char *text)
 {
     if (!is_silent)
-        say("%s", text);
+        fail_because(code, "%s", text);
 }
 
 // Records -----------------------------------------------------------------------------------------------------------
@@ -196,7 +195,7 @@ static bool read_device_sdr_info(sdr_iterator &store)
     if (got.unanswered())
         return false;
     if (!got.ok() || got.data.empty()) {
-        tell("Err in cmd get sensor sdr info");
+        complain(got.ok() ? 0 : got.error_code(), "Err in cmd get sensor sdr info");
         return false;
     }
     store.record_count = ipmi_reader(got.data).u8();
@@ -422,7 +421,7 @@ static sdr_record *read_next(sdr_iterator &store, unsigned &bodies_read)
     while (const sdr_header *header = sdr_get_next_header(store)) {
         auto *record = static_cast<sdr_record *>(calloc(1, sizeof(sdr_record)));
         if (record == nullptr) {
-            tell("ipmi_sdr_find_sdr_byid: malloc failure");
+            complain(error_memory, "ipmi_sdr_find_sdr_byid: malloc failure");
             return nullptr;
         }
         *record = {header->id, header->type, header->length, nullptr, sdr_read_body(*header, store)};
@@ -466,13 +465,13 @@ static const sdr_record *find(sdr_iterator &store, const auto &fits)
 const sdr_record *sdr_find_by_name(const char *name)
 {
     if (name == nullptr) {
-        say("Get sdr fail.");
+        fail("Get sdr fail.");
         return nullptr;
     }
     if (iterator == nullptr)
         iterator = sdr_open();
     if (iterator == nullptr) {
-        say("Unable to open SDR for reading");
+        fail("Unable to open SDR for reading");
         return nullptr;
     }
     return find(*iterator,

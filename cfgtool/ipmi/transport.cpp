@@ -62,7 +62,7 @@ static bool belongs_to(const frame_copy &frame, const ipmi_rsp &response)
 
 static unsigned payload_length(const ipmi_rsp &response) { return unsigned(response.byte[8] | response.byte[9] << 8); }
 
-static int fail(uint32_t reason)
+static int failed(uint32_t reason)
 {
     g_error_code = reason;
     return 0;
@@ -73,29 +73,29 @@ static int send_recv(const ipmi_msg *request, ipmi_rsp *response, uint8_t length
     if (request == nullptr)
         return 0;
     if (length >= sizeof(ipmi_msg))  // no room for the checksum
-        return fail(error_not_sent);
+        return failed(error_not_sent);
 
     frame_copy frame(*request, length);
     complete_frame(frame);
     for (int attempt = 1;; ++attempt) {
         if (ipc_msg_send(frame.byte, length + 1U, 0, ipmi_service_port) != 0) {
             if (attempt == max_attempts)
-                return fail(error_not_sent);
+                return failed(error_not_sent);
             vos_task_delay_us(retry_delay_us);
         } else if (!receive(*response, waits_per_send)) {
             if (attempt == max_attempts) {
                 say("Select OutTime ");  // Kept: a blank behind it
-                return fail(error_no_answer);
+                return failed(error_no_answer);
             }  // Kept: the one retry without a pause
         } else if (!belongs_to(frame, *response)) {
             if (attempt == max_attempts)
-                return fail(error_not_matched);
+                return failed(error_not_matched);
             vos_memset(response, sizeof *response, 0,
                        sizeof *response);  // nothing of it behind the end of the next one
             vos_task_delay_us(retry_delay_us);
         } else if (const unsigned got = payload_length(*response); got == 0 || got > max_payload) {
             say("rsp->data_len err(0x%x) ", got);  // Kept: a blank behind it
-            return fail(error_no_answer);
+            return failed(error_no_answer);
         } else {
             return 1;
         }

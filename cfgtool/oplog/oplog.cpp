@@ -2,6 +2,7 @@
 
 #include "platform/platform.h"
 #include "ui/console.h"
+#include "ui/status.h"
 
 #include <cstdarg>
 #include <cstdio>
@@ -10,8 +11,10 @@
 
 int get_username_ip(char *user, size_t user_size, char *origin, size_t origin_size)
 {
-    if (user == nullptr || origin == nullptr || origin_size == 0)
-        return refuse("get_username_ip: parameter invalid.");
+    if (user == nullptr || origin == nullptr || origin_size == 0) {
+        say("get_username_ip: parameter invalid.");
+        return 0;
+    }
 
     const char *name = getenv("LOGNAME");
     snprintf(user, user_size, "%s", name != nullptr ? name : "unknown");
@@ -29,8 +32,10 @@ int get_username_ip(char *user, size_t user_size, char *origin, size_t origin_si
 
 int save_sys_log(uint32_t log_class, const char *module, const char *record)
 {
-    if (module == nullptr || record == nullptr)
-        return printf("save_sys_log: parameter invalid.\r\n");
+    if (module == nullptr || record == nullptr) {
+        say("save_sys_log: parameter invalid.");
+        return -1;
+    }
 
     char user[64] = "", origin[64] = "";
     if (get_username_ip(user, sizeof user, origin, sizeof origin) <= 0) {
@@ -38,7 +43,13 @@ int save_sys_log(uint32_t log_class, const char *module, const char *record)
         snprintf(user, sizeof user, "$Supervisor");
         snprintf(origin, sizeof origin, "IPC");
     }
-    return vos_zentro_log(log_class, user, origin, module, record);
+    const int result = vos_zentro_log(log_class, user, origin, module, record);
+    if (result == 0 && has_status()) {
+        char class_text[sizeof "4294967295"];
+        snprintf(class_text, sizeof class_text, "%u", log_class);
+        write_status({"record", class_text, module, record});
+    }
+    return result;
 }
 
 [[gnu::format(printf, 3, 0)]] static void format_and_save(uint32_t log_class, const char *module, const char *format,

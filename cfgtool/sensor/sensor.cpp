@@ -14,7 +14,7 @@
 
 static constexpr uint32_t error_not_full_record = 0x40000008, error_not_a_number = 0x40000009;
 
-static bool fail(uint32_t reason)
+static bool failed(uint32_t reason)
 {
     g_error_code = reason;
     return false;
@@ -24,7 +24,7 @@ static bool fail(uint32_t reason)
 static bool send(const ipmi_request &request)
 {
     const ipmi_answer got = exchange(request);
-    return got.ok() || fail(got.error_code());
+    return got.ok() || failed(got.error_code());
 }
 
 /// A full sensor record by name; null = none, and g_error_code says why.
@@ -65,7 +65,7 @@ int set_threshold(const threshold &which, const invocation &typed)
         return 0;
     if (!typed.has_values(2))
         return refuse("Usage: cfgtool -t sensor -d %s -v <sensorname>  <%sval>", which.dataitem, which.dataitem);
-    const double value = atof(typed.value(1));  // Kept: what is no number counts as 0
+    const double value = strtod(typed.value(1), nullptr);  // Kept: what is no number counts as 0
     if (!change_threshold(which, typed.value(0), value))
         return refuse("Set sensor %s failed, error code: 0x%X", which.words, g_error_code);
     say("Set sensor %s successfully.", which.words);
@@ -103,7 +103,7 @@ static bool change_hysteresis(const hysteresis_kind &kind, const char *name, uin
         return false;
     const ipmi_answer got = exchange(get_sensor_hysteresis(record->sensor_number()));
     if (!got.ok())
-        return fail(got.error_code());
+        return failed(got.error_code());
     ipmi_reader counts(got.data);
     const uint8_t positive_going = counts.u8(), negative_going = counts.u8();
     const bool is_positive = kind.type == positive.type;
@@ -150,14 +150,14 @@ static bool start_test(const sdr_record &record, const char *value_text)
     char *end;
     const double value = strtod(value_text, &end);
     if (*end != '\0')
-        return fail(error_not_a_number);
+        return failed(error_not_a_number);
     ipmi_request request = sensor_test_request(record.sensor_number(), true);
     if (record.type == sdr_full) {
         const double raw = sensor_real_to_raw(record, value);
         return raw_in_range(record, raw) && send(request.u8(raw_byte(raw)));
     }
     if (value > 65535.0)
-        return fail(error_raw_range);
+        return failed(error_raw_range);
     return send(request.u16le(value > 0 ? uint16_t(value) : uint16_t(0)));  // a negative value has no unsigned integer
 }
 

@@ -21,15 +21,11 @@ int IPCheck(const char *text, unsigned length)
         }
         if (text[at] != '.' || at == 0 || at == end - 1)
             break;
-        if (!is_digit(text[at - 1]) || !is_digit(text[at + 1])) {
-            say("IPCheck:go here2!");
-            return 0;
-        }
+        if (!is_digit(text[at - 1]) || !is_digit(text[at + 1]))
+            return refuse("IPCheck:go here2!");
         ++dots;
-        if (digits == 0 || digits > 3) {
-            say("IPCheck:ucDigitNum=%d,i =%d", digits, at);
-            return 0;
-        }
+        if (digits == 0 || digits > 3)
+            return refuse("IPCheck:ucDigitNum=%d,i =%d", digits, at);
         digits = 0;
     }
     return at == end && dots == 3 ? 1 : 0;

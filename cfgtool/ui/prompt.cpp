@@ -34,15 +34,17 @@ static void discard_rest_of_line()
 
 bool ask_confirm(const char *prompt)
 {
-    say_now("%s", prompt);
+    ask_question(prompt);
     read_unbuffered();
     const int answer = getchar();
     if (answer != '\n' && answer != EOF)
         discard_rest_of_line();
     if (answer == 'y' || answer == 'Y')
         return true;
-    if (answer != 'n' && answer != 'N')
-        say("Input character invalid.");
+    if (answer == 'n' || answer == 'N')
+        refuse_silently();
+    else
+        refuse("Input character invalid.");
     return false;
 }
 
@@ -175,7 +177,7 @@ static char *read_hidden(const char *prompt, char *word, size_t limit)
     read_unbuffered();
     vos_memset(word, limit + 1, 0, limit + 1);
     hidden_terminal hidden;
-    say_now("%s", prompt);
+    ask_hidden(prompt);
 
     size_t length = 0;
     int key;

@@ -121,7 +121,7 @@ void vos_task_delay_us(unsigned microseconds) { stub.slept_us.push_back(microsec
 int vos_zentro_log(unsigned log_class, const char *user, const char *origin, const char *module, const char *record)
 {
     stub.logged.push_back({log_class, user, origin, module, record});
-    return 42;
+    return stub.log_result;
 }
 
 // The board -----------------------------------------------------------------------------------------------------------

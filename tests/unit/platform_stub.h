@@ -46,6 +46,7 @@ struct platform_stub {
     bool records_cleared = true;  // those to receive into, each time
     std::vector<unsigned> slept_us;
     std::vector<log_entry> logged;
+    int log_result = 42;
 };
 extern platform_stub stub;
 
