@@ -59,7 +59,6 @@ static const char *threshold_state(uint8_t crossed)
 /// was not answered.
 using state_text = char[24];
 
-/// The second byte of the states comes only from sensors that have so many.
 static unsigned states_of(const sensor &from, const reply &got)
 {
     return got.read().skip(2).u16le() & from.readable_states() & 0x7FFFU;
@@ -68,7 +67,9 @@ static unsigned states_of(const sensor &from, const reply &got)
 static void read_reading(node &to, const sensor &from, state_text &state)
 {
     static constexpr uint8_t scanning = 0x40, unavailable = 0x20;
-    const reply got = ask(get_sensor_reading(from.number), {0, 3}, path("sensors[%s].reading", from.shown));
+    // The second byte of the states comes only from sensors that have so many.
+    const uint8_t size = !from.has_thresholds() && from.readable_states() > UINT8_MAX ? 4 : 3;
+    const reply got = ask(get_sensor_reading(from.number), {0, size}, path("sensors[%s].reading", from.shown));
     if (!got.ok())
         return;
     const bool is_scanned = (got.value(1) & scanning) != 0;
