@@ -31,7 +31,11 @@ static int ask_nic_port_count()
     return ipmi_reader(got.data).skip(3).u8();  // behind the enterprise number
 }
 
-static constexpr char no_card[] = "The NIC is not installed in the host!";
+static int refuse_without_card(int port_count)
+{
+    const uint32_t reason = port_count < 0 ? g_error_code : 0;
+    return refuse_because(reason, "The NIC is not installed in the host!");
+}
 
 // Mode --------------------------------------------------------------------------------------------------------------
 
@@ -58,24 +62,25 @@ int eth0_mode(const invocation &typed)
         return 0;
     const nic_mode *mode = typed.has_values(1) ? find_mode(typed.value(0)) : nullptr;
     if (mode == nullptr)
-        return refuse("Usage: cfgtool -t eth0 -d mode -v <option>\r\n"
-                      "Options are:\r\n"
-                      "    1    Dedicated \r\n"
-                      "    2    Shared \r\n"
-                      "    3    Adaptive ");
-    if (mode->code != dedicated.code && ask_nic_port_count() <= 0)
-        return refuse(no_card);
+        return usage_error("Usage: cfgtool -t eth0 -d mode -v <option>\r\n"
+                           "Options are:\r\n"
+                           "    1    Dedicated \r\n"
+                           "    2    Shared \r\n"
+                           "    3    Adaptive ");
+    if (mode->code != dedicated.code)
+        if (const int port_count = ask_nic_port_count(); port_count <= 0)
+            return refuse_without_card(port_count);
 
     lan_bracket bracket;
     if (!bracket.opened())
-        return refuse("Set eth0 state failed, error code: 0x%X", g_error_code);  // Kept: "state"
+        return fail("Set eth0 state failed, error code: 0x%X", g_error_code);  // Kept: "state"
     const ipmi_answer got = exchange(set_oem_lan_parameter(lan_channel, nic_mode_selector).u8(mode->code));
     if (got.refused_with(state_not_supported))
-        return refuse("Curret state is not supported, please wait!");  // Kept: spelled so
+        return fail("Curret state is not supported, please wait!");  // Kept: spelled so
     if (!got.ok())
-        return refuse("Set eth0 mode failed, error code: 0x%X", got.error_code(nic_mode_selector));
+        return fail("Set eth0 mode failed, error code: 0x%X", got.error_code(nic_mode_selector));
     bracket.close();
-    say("Set eth0 mode %s success.", mode->name);
+    done("Set eth0 mode %s success.", mode->name);
     log_change("Network", "Set Eth mode:%s success,EvtCode:0x21200D00", mode->name);
     return 1;
 }
@@ -99,14 +104,14 @@ int eth0_sideband(const invocation &typed)
         return 0;
     const int index = typed.has_values(1) ? sideband_index(typed.value(0)) : -1;
     if (index < 0)
-        return refuse("Usage: cfgtool -t eth0 -d sideband -v <port1-port%d> ", board.mac_count);
-    if (ask_nic_port_count() <= index)
-        return refuse(no_card);
+        return usage_error("Usage: cfgtool -t eth0 -d sideband -v <port1-port%d> ", board.mac_count);
+    if (const int port_count = ask_nic_port_count(); port_count <= index)
+        return refuse_without_card(port_count);
 
     const ipmi_answer got = exchange(set_sideband_port(uint8_t(index)));
     if (!got.ok())  // Kept: never g_error_code
-        return refuse("Set sideband enable port failed, error code: 0x%X", got.composite_code());
-    say("Set sideband enable port success!");
+        return fail("Set sideband enable port failed, error code: 0x%X", got.composite_code());
+    done("Set sideband enable port success!");
     log_change("Network", "Set shared Eth destination port(%s) success,EvtCode:0x212006E0", typed.value(0));
     return 1;
 }
@@ -120,7 +125,7 @@ int eth0_vlan(const invocation &typed)
     if (!check_privilege(typed))
         return 0;
     if (!typed.has_values(1))
-        return refuse("Usage: cfgtool -t eth0 -d vlan -v <off|<id>>");
+        return usage_error("Usage: cfgtool -t eth0 -d vlan -v <off|<id>>");
     const bool off = strcmp(typed.value(0), "off") == 0;
     const uint32_t id = off ? 0 : parse_unsigned(typed.value(0));
     if (!off && (id < 1 || id > 4094))
@@ -128,12 +133,12 @@ int eth0_vlan(const invocation &typed)
 
     lan_bracket bracket;
     if (!bracket.opened())
-        return refuse(failure, g_error_code);
+        return fail(failure, g_error_code);
     const auto value = uint16_t(off ? 0 : id | enabled);
     if (!exchange(set_lan_parameter(lan_channel, vlan_id_selector).u16le(value)).ok())
-        return refuse(failure, g_error_code);  // Kept: also for a refusal, which does not set it
+        return fail(failure, g_error_code);  // Kept: also for a refusal, which does not set it
     bracket.close();
-    say("Set eth0 vlan success.");
+    done("Set eth0 vlan success.");
     log_change("Network", "%s Eth Vlan ID(%d) success,EvtCode:0x21200CB0", off ? "Disable" : "Enable", int(id));
     return 1;
 }
@@ -148,9 +153,9 @@ static bool reset_sideband_port()
     static constexpr uint8_t no_port_named = 0xFF, parameter_out_of_range = 0xC9;
     const ipmi_answer got = exchange(set_sideband_port(no_port_named));
     if (got.refused_with(parameter_out_of_range))
-        say("Eth1 can not been enabled or disabled!");
+        fail("Eth1 can not been enabled or disabled!");
     else if (!got.ok())
-        say(eth1_state_failure, got.error_code(oem_selector));
+        fail(eth1_state_failure, got.error_code(oem_selector));
     return got.ok();
 }
 
@@ -161,20 +166,20 @@ int eth1_state(const invocation &typed)
         return 0;
     const bool enable = typed.has_values(1) && strcmp(typed.value(0), "enabled") == 0;
     if (!enable && !(typed.has_values(1) && strcmp(typed.value(0), "disabled") == 0))
-        return refuse("Usage: cfgtool -t eth1 -d state -v <enabled|disabled>");
+        return usage_error("Usage: cfgtool -t eth1 -d state -v <enabled|disabled>");
 
     lan_bracket bracket;
     if (!bracket.opened())
-        return refuse(eth1_state_failure, g_error_code);
+        return fail(eth1_state_failure, g_error_code);
     const ipmi_answer got = exchange(set_oem_lan_parameter(shared_lan_channel, shared_port_selector).u8(enable));
     if (got.refused_with(last_enabled_port))
-        return refuse("Make sure one network port enabled at least!");
+        return fail("Make sure one network port enabled at least!");
     if (!got.ok())
-        return refuse(eth1_state_failure, got.error_code(shared_port_selector));
+        return fail(eth1_state_failure, got.error_code(shared_port_selector));
     if (enable && !reset_sideband_port())  // the state stays as it was set
         return 0;
     bracket.close();
-    say("Set eth1 state success.");
+    done("Set eth1 state success.");
     log_change("Network", "%s shared Eth success,EvtCode:0x212006D0", enable ? "Enable" : "Disable");
     return 1;
 }

@@ -57,23 +57,24 @@ static bool set_source(lan_bracket &bracket, ipmi_request request, uint8_t selec
 {
     const ipmi_answer got = exchange(request.u8(is_dhcp(word) ? source_dhcp : source_static));
     if (!got.ok())
-        return write_failed(bracket, got, [&] { say("Set IP mode failed,error code:0x%X", got.error_code(selector)); });
-    say(is_dhcp(word) ? "Set DHCP mode successfully." : "Set STATIC mode successfully.");
+        return write_failed(bracket, got,
+                            [&] { fail("Set IP mode failed,error code:0x%X", got.error_code(selector)); });
+    done(is_dhcp(word) ? "Set DHCP mode successfully." : "Set STATIC mode successfully.");
     return true;
 }
 
 static int opening_mode_failed(const char *word)
 {
-    return refuse("Set %s failed, error code: 0x%X", is_dhcp(word) ? "DHCP mode" : "static mode", g_error_code);
+    return fail("Set %s failed, error code: 0x%X", is_dhcp(word) ? "DHCP mode" : "static mode", g_error_code);
 }
 
 // IPv4 address ------------------------------------------------------------------------------------------------------
 
 static int ipaddr_usage(const lan_port &port)
 {
-    return refuse("Usage: cfgtool -t %s -d ipaddr -v <ipaddr> <mask>\r\n"
-                  "       cfgtool -t %s -d ipaddr -v <dhcp|static>",
-                  port.target, port.target);
+    return usage_error("Usage: cfgtool -t %s -d ipaddr -v <ipaddr> <mask>\r\n"
+                       "       cfgtool -t %s -d ipaddr -v <dhcp|static>",
+                       port.target, port.target);
 }
 
 static int set_ipv4_source(const lan_port &port, lan_bracket &bracket, const char *word)
@@ -100,18 +101,18 @@ static int set_ipv4_address(const lan_port &port, lan_bracket &bracket, const ch
     const ipmi_answer got = exchange(set_lan_parameter(port.channel, ip_address).u32be(address));
     if (!got.ok())
         return write_failed(bracket, got,
-                            [&] { say("Set %s failed, error code: 0x%X", "IP address", got.error_code(ip_address)); });
+                            [&] { fail("Set %s failed, error code: 0x%X", "IP address", got.error_code(ip_address)); });
     log_change("Network", "Set %s IPv4 address(%s) success,EvtCode:0x21200650", port.log_word, address_text);
 
     const ipmi_answer masked = exchange(set_lan_parameter(port.channel, subnet_mask).u32be(mask));
     if (!masked.ok())  // the address stays in force
         return write_failed(bracket, masked, [&] {
-            say("Set %s  failed, error code: 0x%X", "MASK address",
-                masked.error_code(subnet_mask));  // Kept: two blanks
+            fail("Set %s  failed, error code: 0x%X", "MASK address",
+                 masked.error_code(subnet_mask));  // Kept: two blanks
         });
     log_change("Network", "Set %s IPv4 submask(%s) success,EvtCode:0x21200660", port.log_word, mask_text);
-    say("Set IP address %s successfully.", address_text);
-    say("Set MASK address %s successfully.", mask_text);
+    done("Set IP address %s successfully.", address_text);
+    done("Set MASK address %s successfully.", mask_text);
     return 1;
 }
 
@@ -126,7 +127,7 @@ int ipaddr(const lan_port &port, const invocation &typed)
     lan_bracket bracket;
     if (!bracket.opened()) {
         bracket.close();  // Kept: though it was never open
-        return with_mask ? refuse("Set IP address failed, error code: 0x%X", g_error_code)
+        return with_mask ? fail("Set IP address failed, error code: 0x%X", g_error_code)
                          : opening_mode_failed(typed.value(0));
     }
     return with_mask ? set_ipv4_address(port, bracket, typed.value(0), typed.value(1))
@@ -137,9 +138,9 @@ int ipaddr(const lan_port &port, const invocation &typed)
 
 static int ipaddr6_usage(const lan_port &port)
 {
-    return refuse("Usage: cfgtool -t %s -d ipaddr6 -v <ipaddr6/prefixlen(0~128)>\r\n"
-                  "       cfgtool -t %s -d ipaddr6 -v <dhcp|static>",
-                  port.target, port.target);
+    return usage_error("Usage: cfgtool -t %s -d ipaddr6 -v <ipaddr6/prefixlen(0~128)>\r\n"
+                       "       cfgtool -t %s -d ipaddr6 -v <dhcp|static>",
+                       port.target, port.target);
 }
 
 static int set_ipv6_source(const lan_port &port, lan_bracket &bracket, const char *word)
@@ -162,12 +163,12 @@ static int set_ipv6_address(const lan_port &port, lan_bracket &bracket, const ch
         return refuse("Input parameter format invalid.");
     const int32_t prefix_length = parse_number(slash + 1);
     if (prefix_length < 0)  // Kept: 128 is no limit, the low eight bits are sent
-        return refuse("Usage: cfgtool -t %s -d ipaddr6 -v <ipaddr6/prefixlen(0~128)>", port.target);
+        return usage_error("Usage: cfgtool -t %s -d ipaddr6 -v <ipaddr6/prefixlen(0~128)>", port.target);
 
     const ipmi_answer got = exchange(set_oem_lan_parameter(port.channel, ipv6_address).bytes(address.reversed));
     if (!got.ok())
         return write_failed(bracket, got,
-                            [&] { say("Set IP address failed, error code: 0x%X", got.error_code(ipv6_address)); });
+                            [&] { fail("Set IP address failed, error code: 0x%X", got.error_code(ipv6_address)); });
     log_change("Network", "Set %s IPv6 address(%s) success,EvtCode:0x21200690", port.log_word, address_text);
 
     const ipmi_answer prefixed =
@@ -175,10 +176,10 @@ static int set_ipv6_address(const lan_port &port, lan_bracket &bracket, const ch
     if (!prefixed.ok())
         return write_failed(bracket, prefixed, [&] {
             // Kept: never g_error_code. Without an answer the completion code shown is that of the address.
-            say("Set IP address, error code: 0x%X", prefixed.composite_code(ipv6_prefix_length));
+            fail("Set IP address, error code: 0x%X", prefixed.composite_code(ipv6_prefix_length));
         });
     log_change("Network", "Set %s IPv6 prefix length(%d) success,EvtCode:0x212006A0", port.log_word, prefix_length);
-    say("Set IPv6 address successfully.");
+    done("Set IPv6 address successfully.");
     return 1;
 }
 
@@ -193,7 +194,7 @@ int ipaddr6(const lan_port &port, const invocation &typed)
     lan_bracket bracket;
     if (!bracket.opened()) {
         bracket.close();  // Kept: though it was never open
-        return third_word ? refuse("Set IPv6 address failed, error code: 0x%X", g_error_code)
+        return third_word ? fail("Set IPv6 address failed, error code: 0x%X", g_error_code)
                           : opening_mode_failed(typed.value(0));
     }
     const char *slash = strchr(typed.value(0), '/');
@@ -209,19 +210,19 @@ int gateway(const lan_port &port, const invocation &typed)
     if (!check_privilege(typed))
         return 0;
     if (!typed.has_values(1))
-        return refuse("Usage: cfgtool -t %s -d gateway -v <gateway>", port.target);
+        return usage_error("Usage: cfgtool -t %s -d gateway -v <gateway>", port.target);
     uint32_t address;
     if (!parse_ipv4(typed.value(0), address))
         return refuse("Input parameter format invalid.");
 
     lan_bracket bracket;
     if (!bracket.opened())
-        return refuse(failure, g_error_code);  // Kept: nothing is closed here
+        return fail(failure, g_error_code);  // Kept: nothing is closed here
     const ipmi_answer got = exchange(set_lan_parameter(port.channel, default_gateway).u32be(address));
     if (!got.ok())
-        return refuse(failure, got.error_code(default_gateway));
+        return fail(failure, got.error_code(default_gateway));
     bracket.close();
-    say("Set gateway success.");
+    done("Set gateway success.");
     log_change("Network", "Set %s IPv4 gateway(%s) success,EvtCode:0x21200670", port.log_word, typed.value(0));
     return 1;
 }
@@ -232,19 +233,19 @@ int gateway6(const lan_port &port, const invocation &typed)
     if (!check_privilege(typed))
         return 0;
     if (!typed.has_values(1))
-        return refuse("Usage: cfgtool -t %s -d gateway6 -v <gateway6>", port.target);
+        return usage_error("Usage: cfgtool -t %s -d gateway6 -v <gateway6>", port.target);
     ipv6_bytes address;
     if (!parse_ipv6(typed.value(0), address))
         return refuse("Input parameter format invalid.");
 
     lan_bracket bracket;
     if (!bracket.opened())
-        return refuse(failure, g_error_code);  // Kept: nothing is closed here
+        return fail(failure, g_error_code);  // Kept: nothing is closed here
     const ipmi_answer got = exchange(set_oem_lan_parameter(port.channel, ipv6_gateway).bytes(address.reversed));
     if (!got.ok())
-        return refuse(failure, got.error_code(ipv6_gateway));
+        return fail(failure, got.error_code(ipv6_gateway));
     bracket.close();
-    say("Set gateway6 success.");
+    done("Set gateway6 success.");
     log_change("Network", "Set %s IPv6 gateway(%s) success,EvtCode:0x212006B0", port.log_word, typed.value(0));
     return 1;
 }

@@ -363,14 +363,14 @@ private:
         for (;; most_at_once = 1) {
             in_block = std::min(size_t(left), most_at_once);
             if (lseek(file, off_t(left - long(in_block)) * off_t(record_size), SEEK_SET) < 0) {
-                say("%s: fseek %s failed", "sel_bin2txt", csv_path);
+                fail("%s: fseek %s failed", "sel_bin2txt", csv_path);
                 return false;
             }
             const size_t got = read_up_to(file, block, in_block * record_size);
             if (got == in_block * record_size)
                 return true;
             if (in_block == 1) {
-                say("%s: fread %s failed, len=%d ", "sel_bin2txt", path, int(got));
+                fail("%s: fread %s failed, len=%d ", "sel_bin2txt", path, int(got));
                 return false;
             }
         }
@@ -390,10 +390,10 @@ int sel_bin2txt(const char *sel_path, const char *csv_path)
     static constexpr unsigned long lines_per_pause = 100;
     sel_file sel(sel_path);
     if (!sel.opened())
-        return refuse(open_failure, "sel_bin2txt", sel_path);
+        return fail(open_failure, "sel_bin2txt", sel_path);
     csv_file csv(csv_path);
     if (!csv.opened())
-        return refuse(open_failure, "sel_bin2txt", csv_path);
+        return fail(open_failure, "sel_bin2txt", csv_path);
 
     conversion state{sel_time_offset_s(), {}, {}};
     csv.put("ID,Severity,Generation Time(UTC),Generation Time(LOCAL),Sensor,Event Description,Event Code,Status\r\n");
@@ -406,6 +406,6 @@ int sel_bin2txt(const char *sel_path, const char *csv_path)
     }
     csv.flush();
     if (!csv.good())  // A table cut short, as by a full disk, must not pass for a whole one.
-        return refuse("%s: fwrite %s failed", "sel_bin2txt", csv_path);
+        return fail("%s: fwrite %s failed", "sel_bin2txt", csv_path);
     return 1;
 }

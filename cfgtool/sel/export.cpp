@@ -32,7 +32,7 @@ int enum_files(const char *directory, char *names, size_t size, int maximum)
 {
     DIR *folder = opendir(directory);
     if (folder == nullptr)
-        return refuse("%s: opendir(%s) failed", "enum_files", directory);
+        return fail("%s: opendir(%s) failed", "enum_files", directory);
     int count = 0;
     while (const dirent *entry = readdir(folder)) {
         if (is_dot(entry->d_name))
@@ -165,7 +165,7 @@ int pack_sel_info()
     vos_rm_filepath(result_archive);
     const int file_count = enum_files(sel_folder, names[0], name_size, max_files);
     if (file_count <= 0) {
-        say("%s: file_count = %d", "pack_sel_info", file_count);
+        fail("%s: file_count = %d", "pack_sel_info", file_count);
         return no_export();
     }
     if (!make_work_folder())
@@ -188,19 +188,19 @@ int zntool(const invocation &typed)
     if (!check_privilege(typed))
         return 0;
     if (typed.count != 0)
-        return refuse("Usage: cfgtool -t maintenance -d zntool");
+        return usage_error("Usage: cfgtool -t maintenance -d zntool");
     if (event_parse_init("/data/sectbl.cfg") == 0) {
-        say("parse seltbl.cfg file fail, program exit!!!");  // Kept: another name than the path's
-        return refuse("Pack SEL failed, error code: 0x%X.", g_error_code);
+        fail("parse seltbl.cfg file fail, program exit!!!");  // Kept: another name than the path's
+        return fail("Pack SEL failed, error code: 0x%X.", g_error_code);
     }
     say_now("Collecting...\r\n");
     if (pack_sel_info() == -1)
-        return refuse("Pack SEL failed.");
+        return fail("Pack SEL failed.");
     char program[] = "/ipmc/zntool";
     char *const words[] = {program, nullptr};
     fflush(stdout);  // the program writes to the same screen
     vos_environ_system(program, words);
     say_raw("\r\n");
     log_change("Zentro", "Finish debug info collect success, EvtCode:0x202013C0");
-    return 1;
+    return done_silently();
 }

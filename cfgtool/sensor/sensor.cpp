@@ -64,11 +64,11 @@ int set_threshold(const threshold &which, const invocation &typed)
     if (!check_privilege(typed))
         return 0;
     if (!typed.has_values(2))
-        return refuse("Usage: cfgtool -t sensor -d %s -v <sensorname>  <%sval>", which.dataitem, which.dataitem);
+        return usage_error("Usage: cfgtool -t sensor -d %s -v <sensorname>  <%sval>", which.dataitem, which.dataitem);
     const double value = strtod(typed.value(1), nullptr);  // Kept: what is no number counts as 0
     if (!change_threshold(which, typed.value(0), value))
-        return refuse("Set sensor %s failed, error code: 0x%X", which.words, g_error_code);
-    say("Set sensor %s successfully.", which.words);
+        return fail("Set sensor %s failed, error code: 0x%X", which.words, g_error_code);
+    done("Set sensor %s successfully.", which.words);
     log_change("Sensor", "Set sensor(%s) %s threshold(%.3f) success,EvtCode:0x%08X", typed.value(0), which.log_words,
                value, which.event);
     return 1;
@@ -116,13 +116,13 @@ static int set_hysteresis(const hysteresis_kind &kind, const invocation &typed)
     if (!check_privilege(typed))
         return 0;
     if (!typed.has_values(2))
-        return refuse("Usage: cfgtool -t sensor -d %s -v <sensorname>  <%sval>", kind.dataitem, kind.dataitem);
+        return usage_error("Usage: cfgtool -t sensor -d %s -v <sensorname>  <%sval>", kind.dataitem, kind.dataitem);
     const int32_t count = parse_number(typed.value(1));
     if (count < 0 || count > UINT8_MAX)
         return refuse("Input parameter out of range.");
     if (!change_hysteresis(kind, typed.value(0), uint8_t(count)))
-        return refuse("Set sensor %s hysteresis failed, error code: 0x%X", kind.word, g_error_code);
-    say("Set sensor %s hysteresis successfully.", kind.word);
+        return fail("Set sensor %s hysteresis failed, error code: 0x%X", kind.word, g_error_code);
+    done("Set sensor %s hysteresis successfully.", kind.word);
     log_change("Sensor", "Set sensor(%s) %s hysteresis(%d) success,EvtCode:0x%08X", typed.value(0), kind.word, count,
                kind.event);
     return 1;
@@ -174,12 +174,12 @@ int sensor_test(const invocation &typed)
     if (!check_privilege(typed))
         return 0;
     if (!typed.has_values(2))
-        return refuse("Usage: cfgtool -t sensor -d test -v <sensorname> <value> \r\n"
-                      "value:  value      start test and set the current value\r\n"
-                      "        stop       stop test");
+        return usage_error("Usage: cfgtool -t sensor -d test -v <sensorname> <value> \r\n"
+                           "value:  value      start test and set the current value\r\n"
+                           "        stop       stop test");
     if (!change_test(typed.value(0), typed.value(1)))
-        return refuse("Sensor test failed, error code: 0x%X", g_error_code);
-    say("Sensor test successfully.");
+        return fail("Sensor test failed, error code: 0x%X", g_error_code);
+    done("Sensor test successfully.");
     log_change("Sensor", "Set sensor(%s) test value(%s) success,EvtCode:0x206002E0", typed.value(0), typed.value(1));
     return 1;
 }

@@ -60,10 +60,10 @@ static ipmi_request set_service_state(uint8_t id, bool enable)
 
 static void print_state_usage()
 {
-    say("Usage: ");
+    usage_error("Usage: ");
     for (const service *row = state_table; row->name[0] != '\0'; ++row)
         if (row->selectable == 1)
-            say("       cfgtool -t service -d state -v <%s> <enabled|disabled>", row->name);
+            usage_error("       cfgtool -t service -d state -v <%s> <enabled|disabled>", row->name);
 }
 
 static int state_failed()
@@ -86,12 +86,12 @@ int service_state(const invocation &typed)
     const char *action = enable ? "Enable" : "Disable";
     const ipmi_answer got = exchange(set_service_state(id, enable));
     if (got.refused()) {
-        say("Set service state failed, error code: 0x%X.", got.error_code());
+        fail("Set service state failed, error code: 0x%X.", got.error_code());
         log_change(module, "%s %s service fail,EvtCode:0x202001A1", action, name);
         return 0;
     }
     log_change(module, "%s %s service success,EvtCode:0x202001A0", action, name);  // Kept: also without an answer
-    say("Set %s service state success.", name);
+    done("Set %s service state success.", name);
     return 1;
 }
 
@@ -105,10 +105,10 @@ static ipmi_request set_service_port(uint8_t id, uint8_t port_kind, uint16_t por
 
 static void print_port_usage()
 {
-    say("Usage: ");
+    usage_error("Usage: ");
     for (const service *row = port_table; row->name[0] != '\0'; ++row)
         if (row->selectable == 1)
-            say("       cfgtool -t service -d port -v <%s> <portvalue(1~65535)>", row->name);
+            usage_error("       cfgtool -t service -d port -v <%s> <portvalue(1~65535)>", row->name);
 }
 
 // Kept: the texts of the plain web server; no row of its kind is selectable, but one may become so.
@@ -150,10 +150,10 @@ int service_port(const invocation &typed)
     }
     const ipmi_answer got = exchange(set_service_port(id, port_kind, uint16_t(port)));
     if (got.refused()) {
-        say("Set service port failed, error code: 0x%X.", got.error_code());
+        fail("Set service port failed, error code: 0x%X.", got.error_code());
         return port_failed(port_kind, port);
     }
     log_port_set(port_kind, port);  // Kept: also without an answer
-    say("Set %s service port to %d success.", name, int32_t(port));
+    done("Set %s service port to %d success.", name, int32_t(port));
     return 1;
 }

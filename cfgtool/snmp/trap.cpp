@@ -19,23 +19,23 @@ static constexpr uint8_t community_selector = 0x10, version_selector = 0xC3, sev
 
 static int community_usage()
 {
-    return refuse("Usage: cfgtool -t trap -d community\r\n"
-                  "    Contains 1-18 characters.\r\n"
-                  "    Contains any digits, letters, or symbols except space.\r\n"
-                  "    You must add blackslashes (\\) before the following characters: "
-                  "~!@#$%%^&*()-=_+{}[]\\|:;'\"<>?,./\r\n"
-                  "    For example, tes\\<a\\|b\\>t.");
+    return usage_error("Usage: cfgtool -t trap -d community\r\n"
+                       "    Contains 1-18 characters.\r\n"
+                       "    Contains any digits, letters, or symbols except space.\r\n"
+                       "    You must add blackslashes (\\) before the following characters: "
+                       "~!@#$%%^&*()-=_+{}[]\\|:;'\"<>?,./\r\n"
+                       "    For example, tes\\<a\\|b\\>t.");
 }
 
 /// Kept: "spaces", where the usage above has "space".
 static int community_length_usage()
 {
-    return refuse("Usage: cfgtool -t trap -d community\r\n"
-                  "    Contains 1-18 characters.\r\n"
-                  "    Contains any digits, letters, or symbols except spaces.\r\n"
-                  "    You must add blackslashes (\\) before the following characters: "
-                  "~!@#$%%^&*()-=_+{}[]\\|:;'\"<>?,./\r\n"
-                  "    For example, tes\\<a\\|b\\>t.");
+    return usage_error("Usage: cfgtool -t trap -d community\r\n"
+                       "    Contains 1-18 characters.\r\n"
+                       "    Contains any digits, letters, or symbols except spaces.\r\n"
+                       "    You must add blackslashes (\\) before the following characters: "
+                       "~!@#$%%^&*()-=_+{}[]\\|:;'\"<>?,./\r\n"
+                       "    For example, tes\\<a\\|b\\>t.");
 }
 
 static void print_community_rules()
@@ -91,10 +91,10 @@ int trap_community(const invocation &typed)
 
     lan_bracket bracket;
     if (!bracket.opened())
-        return refuse("Set SNMP trap community name, error code: 0x%X", g_error_code);
+        return fail("Set SNMP trap community name, error code: 0x%X", g_error_code);
     const ipmi_answer got = set_community(community);
     if (!got.ok()) {
-        say(failure, got.error_code(community_selector));
+        fail(failure, got.error_code(community_selector));
         if (got.refused_with(against_community_rules)) {
             print_community_rules();
             bracket.leave_open();  // Kept so
@@ -102,7 +102,7 @@ int trap_community(const invocation &typed)
         return 0;
     }
     bracket.close();
-    say("Set SNMP trap community success.");
+    done("Set SNMP trap community success.");
     log_change("Alert", "Set SNMP trap community success,EvtCode:0x213007A0");
     return 1;
 }
@@ -126,19 +126,19 @@ int trap_version(const invocation &typed)
         return 0;
     const uint8_t code = typed.has_values(1) ? version_code(typed.value(0)) : uint8_t(0);
     if (code == 0)
-        return refuse("Usage: cfgtool -t trap -d version -v <V1|V2C|V3>");
+        return usage_error("Usage: cfgtool -t trap -d version -v <V1|V2C|V3>");
     const char *version = shown_as[code];
 
     lan_bracket bracket;
     if (!bracket.opened())
-        return refuse("Set trap version, error code: 0x%X", g_error_code);
+        return fail("Set trap version, error code: 0x%X", g_error_code);
     const ipmi_answer got = exchange(set_oem_lan_parameter(lan_channel, version_selector).u8(code));
     if (got.unanswered())
-        return refuse("Set trap %s failed,error code: 0x%X", version, g_error_code);  // Kept: no blank, as elsewhere
+        return fail("Set trap %s failed,error code: 0x%X", version, g_error_code);  // Kept: no blank, as elsewhere
     if (!got.ok())
-        return refuse("Set trap %s failed, error code: 0x%X", version, got.error_code(version_selector));
+        return fail("Set trap %s failed, error code: 0x%X", version, got.error_code(version_selector));
     bracket.close();
-    say("Set trap %s success.", version);
+    done("Set trap %s success.", version);
     log_change("Alert", "Set SNMP trap version(%s) success,EvtCode:0x21300790", typed.value(0));  // Kept: as typed
     return 1;
 }
@@ -162,14 +162,14 @@ int trap_user(const invocation &typed)
     if (!check_privilege(typed))
         return 0;
     if (!typed.has_values(1) || strlen(typed.value(0)) > longest_name)
-        return refuse("Usage: cfgtool -t trap -d user -v <username>");
+        return usage_error("Usage: cfgtool -t trap -d user -v <username>");
     const char *name = typed.value(0);
     const ipmi_answer got = exchange(set_trap_user(name, strlen(name)));
     if (got.unanswered())
-        return refuse("Set trap username %s failed,error code: 0x%X", name, g_error_code);
+        return fail("Set trap username %s failed,error code: 0x%X", name, g_error_code);
     if (!got.ok())
-        return refuse("Set trap username %s failed, error code: 0x%X", name, got.error_code(oem_selector));
-    say("Set trap username %s success.", name);
+        return fail("Set trap username %s failed, error code: 0x%X", name, got.error_code(oem_selector));
+    done("Set trap username %s success.", name);
     log_change("Alert", "Set SNMP trap username success,EvtCode:0x21300790");
     return 1;
 }
@@ -182,19 +182,19 @@ int trap_auth_priv_protocol(const invocation &typed)
         return 0;
     const int32_t option = typed.has_values(1) ? parse_number(typed.value(0)) : -1;
     if (option < 1 || option > 4)
-        return refuse("Usage: cfgtool -t trap -d  auth_priv_protocol -v <option>\r\n"  // Kept: two blanks
-                      "Options are:\r\n"
-                      "    1    Authentication protocol MD5  Privacy protocol DES\r\n"
-                      "    2    Authentication protocol MD5  Privacy protocol AES\r\n"
-                      "    3    Authentication protocol SHA  Privacy protocol DES\r\n"
-                      "    4    Authentication protocol SHA  Privacy protocol AES");
+        return usage_error("Usage: cfgtool -t trap -d  auth_priv_protocol -v <option>\r\n"  // Kept: two blanks
+                           "Options are:\r\n"
+                           "    1    Authentication protocol MD5  Privacy protocol DES\r\n"
+                           "    2    Authentication protocol MD5  Privacy protocol AES\r\n"
+                           "    3    Authentication protocol SHA  Privacy protocol DES\r\n"
+                           "    4    Authentication protocol SHA  Privacy protocol AES");
     const ipmi_answer got =
         exchange(ipmi_request(netfn_oem, 0x93).oem().u8(0x2B).u8(0x09).u8(0x00).u8(uint8_t(option)));
     if (got.unanswered())
-        return refuse("Set trap auth_priv_protocol %d failed,error code: 0x%X", option, g_error_code);
+        return fail("Set trap auth_priv_protocol %d failed,error code: 0x%X", option, g_error_code);
     if (!got.ok())
-        return refuse("Set trap auth_priv_protocol %d failed, error code: 0x%X", option, got.error_code(oem_selector));
-    say("Set trap auth_priv_protocol %d success.", option);
+        return fail("Set trap auth_priv_protocol %d failed, error code: 0x%X", option, got.error_code(oem_selector));
+    done("Set trap auth_priv_protocol %d success.", option);
     log_change("Alert", "Set SNMP trap auth_priv_protocol(%d) success,EvtCode:0x21300790", option);
     return 1;
 }
@@ -209,24 +209,24 @@ int trap_severity(const invocation &typed)
         return 0;
     const int32_t option = typed.has_values(1) ? parse_number(typed.value(0)) : -1;
     if (option < 0 || option > last)
-        return refuse("Usage: cfgtool -t trap -d severity -v <option>\r\n"
-                      "Options are:\r\n"
-                      "    0    ALL\r\n"
-                      "    1    Minor and above\r\n"
-                      "    2    Major and above\r\n"
-                      "    3    Critical");
+        return usage_error("Usage: cfgtool -t trap -d severity -v <option>\r\n"
+                           "Options are:\r\n"
+                           "    0    ALL\r\n"
+                           "    1    Minor and above\r\n"
+                           "    2    Major and above\r\n"
+                           "    3    Critical");
     const auto severity = uint8_t(leading_number(typed.value(0)));  // Kept: so "0x3" is accepted and sends 0
 
     lan_bracket bracket;
     if (!bracket.opened())
-        return refuse("Set trap severity, error code: 0x%X", g_error_code);
+        return fail("Set trap severity, error code: 0x%X", g_error_code);
     const ipmi_answer got = exchange(set_oem_lan_parameter(lan_channel, severity_selector).u8(0x00).u8(severity));
     if (got.unanswered())
-        return refuse("Set trap severity failed,error code: 0x%X", g_error_code);
+        return fail("Set trap severity failed,error code: 0x%X", g_error_code);
     if (!got.ok())
-        return refuse("Set trap severity failed, error code: 0x%X", got.error_code(severity_selector));
+        return fail("Set trap severity failed, error code: 0x%X", got.error_code(severity_selector));
     bracket.close();
-    say("Set trap severity success.");
+    done("Set trap severity success.");
     const char *name = names[severity <= last ? severity : 0];  // Kept: any other would be "All"
     log_change("Alert", "Set trap severity filter(%s) success,EvtCode:0x21300780", name);
     return 1;
@@ -245,17 +245,17 @@ int trap_mode(const invocation &typed)
         return 0;
     const int32_t mode = typed.has_values(1) ? parse_number(typed.value(0)) : -1;
     if (mode != 0 && mode != 1)
-        return refuse("Usage: cfgtool -t trap -d  mode -v <option>\r\n"  // Kept: two blanks
-                      "Options are:\r\n"
-                      "    0     Event Code  \r\n"
-                      "    1     OID  ");
+        return usage_error("Usage: cfgtool -t trap -d  mode -v <option>\r\n"  // Kept: two blanks
+                           "Options are:\r\n"
+                           "    0     Event Code  \r\n"
+                           "    1     OID  ");
     const char *word = mode == 0 ? "Event Code" : "OID";
     const ipmi_answer got = exchange(set_trap_mode(uint8_t(mode)));
     if (got.unanswered())
-        return refuse("Set trap mode %d failed,error code: 0x%X", mode, g_error_code);
+        return fail("Set trap mode %d failed,error code: 0x%X", mode, g_error_code);
     if (!got.ok())
-        return refuse("Set trap mode %d failed, error code: 0x%X", mode, got.error_code(oem_selector));
-    say("Set trap mode %s success.", word);
+        return fail("Set trap mode %d failed, error code: 0x%X", mode, got.error_code(oem_selector));
+    done("Set trap mode %s success.", word);
     log_change("Alert", "Set SNMP trap mode(%s) success,EvtCode:0x21300CF0", word);
     return 1;
 }

@@ -66,13 +66,13 @@ int set_trap_dest_address(uint8_t destination, uint8_t type, const uint8_t *byte
         return 0;
     lan_bracket bracket;
     if (!bracket.opened())
-        return refuse(failure, destination, g_error_code);
+        return fail(failure, destination, g_error_code);
     const ipmi_answer got = exchange(
         set_oem_lan_parameter(lan_channel, destination_address).u8(destination).u8(type).bytes({bytes, length}));
     if (!got.ok())
-        return refuse(failure, destination, got.error_code(destination_address));
+        return fail(failure, destination, got.error_code(destination_address));
     bracket.close();
-    say("Set trap dest%d address success.", destination);
+    done("Set trap dest%d address success.", destination);
     return 1;
 }
 
@@ -82,7 +82,7 @@ int trap_address(const invocation &typed)
         return 0;
     const uint8_t destination = typed.has_values(2) ? destination_number(typed.value(0)) : uint8_t(0);
     if (destination == 0)
-        return refuse("Usage: cfgtool -t trap -d address -v <destN(1~4)> <ipaddr>");
+        return usage_error("Usage: cfgtool -t trap -d address -v <destN(1~4)> <ipaddr>");
     const bool dotted = strchr(typed.value(1), '.') != nullptr;  // IPv4 then, whatever else it holds
     const trap_target address = dotted ? parse_ipv4_target(typed.value(1)) : parse_ipv6_target(typed.value(1));
     if (address.refusal != nullptr)
@@ -105,25 +105,25 @@ int trap_port(const invocation &typed)
     if (!check_privilege(typed))
         return 0;
     if (!typed.has_values(2) || strchr(typed.value(0), '.') != nullptr || strchr(typed.value(1), '.') != nullptr)
-        return refuse(usage);
+        return usage_error(usage);
     const uint8_t destination = destination_number(typed.value(0));
     const int32_t port = leading_number(typed.value(1));
     if (destination == 0 || port < 1 || port > UINT16_MAX)
-        return refuse(usage);
+        return usage_error(usage);
 
     lan_bracket bracket;
     if (!bracket.opened())
-        return refuse("Set SNMP trap port failed, error code: 0x%X", g_error_code);
+        return fail("Set SNMP trap port failed, error code: 0x%X", g_error_code);
     const ipmi_answer got =
         exchange(set_oem_lan_parameter(lan_channel, destination_port).u8(destination).u16le(uint16_t(port)));
     if (got.unanswered())
-        return refuse("Set trap port failed,error code: 0x%X", g_error_code);  // Kept: no blank after the comma
+        return fail("Set trap port failed,error code: 0x%X", g_error_code);  // Kept: no blank after the comma
     if (!got.ok())
-        return refuse("Set trap port failed, error code: 0x%X", got.error_code(destination_port));
+        return fail("Set trap port failed, error code: 0x%X", got.error_code(destination_port));
     log_change("Alert", "Set trap destination%d port success,EvtCode:0x213007E0", destination);
     if (!bracket.close())
-        return 0;  // Kept: nothing said, although the port is written and logged
-    say("Set trap port success.");
+        return fail_silently(g_error_code);  // Kept: nothing said, although the port is written and logged
+    done("Set trap port success.");
     return 1;
 }
 
@@ -133,17 +133,17 @@ int trap_port(const invocation &typed)
 int set_trap_state(uint8_t state, const char *word)
 {
     if (word == nullptr)
-        return refuse("set_trap_state:str_buf is null ptr!");
+        return fail("set_trap_state:str_buf is null ptr!");
     lan_bracket bracket;
     if (!bracket.opened())
-        return refuse("Set trap state, error code: 0x%X", g_error_code);
+        return fail("Set trap state, error code: 0x%X", g_error_code);
     const ipmi_answer got = exchange(set_oem_lan_parameter(lan_channel, trap_enable).u8(state));
     if (got.unanswered())
-        return refuse("Set trap %s failed,error code: 0x%X", word, g_error_code);
+        return fail("Set trap %s failed,error code: 0x%X", word, g_error_code);
     if (!got.ok())
-        return refuse("Set trap %s failed, error code: 0x%X", word, got.error_code(trap_enable));
+        return fail("Set trap %s failed, error code: 0x%X", word, got.error_code(trap_enable));
     bracket.close();
-    say("Set trap %s success.", word);
+    done("Set trap %s success.", word);
     log_change("Alert", "%s trap success,EvtCode:0x21300770",
                strcmp(word, "enabled") == 0 ? "Enable" : "disable");  // Kept: in lower case
     return 1;
@@ -159,20 +159,20 @@ static uint16_t destination_bit(uint32_t destination, uint8_t value)
 int set_trap_dest_state(uint32_t destination, uint8_t state, const char *word)
 {
     if (word == nullptr)
-        return refuse("set_trap_dest_state:str_buf is null ptr!");
+        return fail("set_trap_dest_state:str_buf is null ptr!");
     const auto number = int(destination);
     lan_bracket bracket;
     if (!bracket.opened())
-        return refuse("Set trap dest state, error code: 0x%X", g_error_code);
+        return fail("Set trap dest state, error code: 0x%X", g_error_code);
     const ipmi_answer got = exchange(set_oem_lan_parameter(lan_channel, destination_enable)
                                          .u16le(destination_bit(destination, 1))
                                          .u16le(destination_bit(destination, state)));
     if (got.unanswered())
-        return refuse("Set trap dest%d %s failed,error code: 0x%X", number, word, g_error_code);
+        return fail("Set trap dest%d %s failed,error code: 0x%X", number, word, g_error_code);
     if (!got.ok())
-        return refuse("Set trap dest%d %s failed, error code: 0x%X", number, word, got.error_code(destination_enable));
+        return fail("Set trap dest%d %s failed, error code: 0x%X", number, word, got.error_code(destination_enable));
     bracket.close();
-    say("Set trap dest%d %s success.", number, word);
+    done("Set trap dest%d %s success.", number, word);
     log_change("Alert", "%s trap destination%d success,EvtCode:0x213007B0",
                strcmp(word, "enabled") == 0 ? "Enable" : "Disable", number);
     return 1;
@@ -185,12 +185,12 @@ int trap_state(const invocation &typed)
         return 0;
     const bool one_destination = typed.has_values(2);
     if (!one_destination && !typed.has_values(1))
-        return refuse(usage);
+        return usage_error(usage);
     const uint8_t destination = one_destination ? destination_number(typed.value(0)) : uint8_t(0);
     const char *word = typed.value(one_destination ? 1 : 0);
     const bool enable = strcmp(word, "enabled") == 0;
     if ((one_destination && destination == 0) || (!enable && strcmp(word, "disabled") != 0))
-        return refuse(usage);
+        return usage_error(usage);
     const uint8_t state = enable ? enabled : uint8_t(0);
     return one_destination ? set_trap_dest_state(destination, state, word) : set_trap_state(state, word);
 }

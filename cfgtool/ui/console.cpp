@@ -166,7 +166,7 @@ static int end_silently(meaning what, uint32_t code)
 
 int done_silently() { return end_silently(meaning::done, 0); }
 int fail_silently(uint32_t code) { return end_silently(meaning::failed, code); }
-int refuse_silently() { return end_silently(meaning::refused, 0); }
+int refuse_silently(uint32_t code) { return end_silently(meaning::refused, code); }
 
 // Prompts -----------------------------------------------------------------------------------------------------------
 

@@ -38,7 +38,7 @@ void usage_text(const char *text);
 
 int done_silently();
 int fail_silently(uint32_t code = 0);
-int refuse_silently();
+int refuse_silently(uint32_t code = 0);
 
 // Prompts, shown before the tool waits for the answer: a question, and what asks for a hidden word.
 

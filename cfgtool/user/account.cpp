@@ -43,12 +43,12 @@ static bool accept_repetition(const typed_password &password)
 static bool read_new_password(typed_password &password, const char *prompt, const char *prompt_failure)
 {
     if (!password.read(prompt)) {
-        say("%s", prompt_failure);
+        refuse("%s", prompt_failure);
         return false;
     }
     typed_password confirmation;
     if (!confirmation.read("Confirm password:") || strcmp(password.text, confirmation.text) != 0)
-        say("Confirm password error.");
+        refuse("Confirm password error.");
     else if (accept_repetition(password))
         return true;
     password.wipe();
@@ -109,25 +109,25 @@ static uint8_t claim_slot(const char *name)
 {
     add_user_lock lock;
     if (!lock.take()) {
-        say(add_failure, g_error_code);
+        fail(add_failure, g_error_code);
         add_failed(name);
         return 0;
     }
     if (!refresh_user_table()) {
-        say(add_failure, g_error_code);
+        fail(add_failure, g_error_code);
         lock.release();
         add_failed(name);
         return 0;
     }
     if (const uint8_t user = find_user(name); user < user_limit) {
-        say("User %s exists.", name);
+        refuse("User %s exists.", name);
         lock.release();
         add_failed(name, user);
         return 0;
     }
     const uint8_t user = find_free_slot();
     if (user == user_limit) {
-        say("User full, can't add more user.");
+        refuse("User full, can't add more user.");
         lock.release();
         add_failed(name, user);
         return 0;
@@ -135,7 +135,7 @@ static uint8_t claim_slot(const char *name)
     const bool named = set_user_name(user, name);
     lock.release();
     if (!named) {
-        say(add_failure, g_error_code);
+        fail(add_failure, g_error_code);
         add_failed(name, user);
         return 0;
     }
@@ -149,9 +149,9 @@ static void tell_and_roll_back(const ipmi_answer &got, uint8_t user)
 {
     if (got.unanswered()) {
         roll_back(user);
-        say(add_failure, g_error_code);
+        fail(add_failure, g_error_code);
     } else {
-        say(add_failure, got.error_code());
+        fail(add_failure, got.error_code());
         roll_back(user);
     }
 }
@@ -166,7 +166,7 @@ static bool give_password(uint8_t user)
     }
     const ipmi_answer got = set_password(exchange_patient, user, new_password);
     if (got.refused_with(against_password_rules)) {
-        say("Set user password failed, error code: 0x%X", got.error_code());
+        fail("Set user password failed, error code: 0x%X", got.error_code());
         roll_back(user);
         print_password_rules();
     } else if (!got.ok()) {
@@ -180,7 +180,7 @@ static bool enable(uint8_t user)
 {
     const ipmi_answer got = exchange_patient(enable_user_request(user));
     if (got.refused_with(against_password_rules)) {
-        say("Set user priv failed, error code: 0x%X", got.error_code());
+        fail("Set user priv failed, error code: 0x%X", got.error_code());
         roll_back(user);
         print_password_rules();
     } else if (!got.ok()) {
@@ -194,7 +194,8 @@ int adduser(const invocation &typed)
     if (!check_privilege(typed))
         return add_failed();
     if (!typed.has_values(1) || vos_check_username(typed.value(0)) != 0) {
-        say("cfgtool -d adduser -v <username>\r\n"
+        usage_error(
+            "cfgtool -d adduser -v <username>\r\n"
             "    contain digits, letters, and characters except colons (:,\\), but cannot start with a number sign (#) "
             "or space.");
         return add_failed();
@@ -203,12 +204,12 @@ int adduser(const invocation &typed)
     if (verify_caller_password() != 0)
         return add_failed();
     if (is_blank(name)) {
-        say("The user name can not be blank.");
+        refuse("The user name can not be blank.");
         return add_failed();
     }
     if (strlen(name) >= sizeof user_entry::name) {
-        say("The length of user name is too long.\r\n"
-            "User name should less than 17 bytes.");
+        refuse("The length of user name is too long.\r\n"
+               "User name should less than 17 bytes.");
         return add_failed();
     }
     const uint8_t user = claim_slot(name);
@@ -217,8 +218,8 @@ int adduser(const invocation &typed)
     if (!give_password(user) || !enable(user))
         return add_failed(name, user);
 
-    say("\nAdd user successfully.\r\n"
-        "New user is NO Access, you should modify user privileges as needed.");
+    done("\nAdd user successfully.\r\n"
+         "New user is NO Access, you should modify user privileges as needed.");
     log_record(log_class_account, module, "Add user(%s|user%d) success,EvtCode:0x11100560", name, user);
     return 1;
 }
@@ -241,19 +242,19 @@ int password(const invocation &typed)
 {
     static constexpr char failure[] = "Set user password failed, error code: 0x%X";
     if (!typed.has_values(1)) {  // no privilege asked for yet: everybody may change their own password
-        say("cfgtool -d password -v <username>");
+        usage_error("cfgtool -d password -v <username>");
         return modify_failed();
     }
     const char *name = typed.value(0);
     if (verify_caller_password() != 0)
         return modify_failed();
     if (!refresh_user_table()) {
-        say(failure, g_error_code);
+        fail(failure, g_error_code);
         return modify_failed();
     }
     const uint8_t user = find_user(name);
     if (user == user_limit) {
-        say("Insufficient privilege level");  // Kept: these words
+        refuse("Insufficient privilege level");  // Kept: these words
         log_record(log_class_account, module, "Modify user(user%d) password fail,EvtCode:0x11100581", user);
         return 0;
     }
@@ -265,12 +266,12 @@ int password(const invocation &typed)
         return modify_failed(name, user);
     const ipmi_answer got = set_password(exchange, user, new_password);
     if (!got.ok()) {
-        say(failure, got.error_code());
+        fail(failure, got.error_code());
         if (got.refused_with(against_password_rules))
             print_password_rules();
         return modify_failed(name, user);
     }
-    say("\nSet user password successfully.");
+    done("\nSet user password successfully.");
     log_record(log_class_account, module, "Modify user(%s|user%d) password success,EvtCode:0x11100580", name, user);
     return 1;
 }
@@ -288,30 +289,34 @@ int deluser(const invocation &typed)
     if (!check_privilege(typed))
         return delete_failed();
     if (!typed.has_values(1)) {
-        say("cfgtool -d deluser -v <username>");
+        usage_error("cfgtool -d deluser -v <username>");
         return delete_failed();
     }
     const char *name = typed.value(0);
-    if (verify_caller_password() != 0 || !refresh_user_table())
+    if (verify_caller_password() != 0)
         return delete_failed();
+    if (!refresh_user_table()) {
+        refuse_silently(g_error_code);
+        return delete_failed();
+    }
     const uint8_t user = find_user(name);
     if (user == user_limit) {
-        say("Delete user failed.");
+        fail("Delete user failed.");
         log_record(log_class_account, module, "Delete user(user%d) fail,EvtCode:0x111005A1", user);
         return 0;
     }
     const ipmi_answer got = exchange(set_user_name_request(user, ""));
     if (got.ok()) {
-        say("Delete user successfully.");
+        done("Delete user successfully.");
         log_record(log_class_account, module, "Delete user(%s|user%d) success,EvtCode:0x111005A0", name, user);
         return 1;
     }
     if (got.unanswered())
-        say("Set user name failed, error code: 0x%X", g_error_code);
+        fail("Set user name failed, error code: 0x%X", g_error_code);
     else if (got.refused_with(trap_v3_user))
-        say("%s is trap V3 user ,cannot delete", name);  // Kept: the blank before the comma
+        fail("%s is trap V3 user ,cannot delete", name);  // Kept: the blank before the comma
     else
-        say("Delete user failed, error code: 0x%X", got.error_code());
+        fail("Delete user failed, error code: 0x%X", got.error_code());
     log_record(log_class_account, module, "Delete user(%s|user%d) fail,EvtCode:0x111005A1", name, user);
     return 0;
 }

@@ -68,14 +68,18 @@ int caller_user()
 int verify_caller_password()
 {
     static constexpr uint8_t check = 0x00, wrong_password = 0x82;
-    if (!refresh_user_table())
+    if (!refresh_user_table()) {
+        refuse_silently(g_error_code);
         return -1;
+    }
     const int caller = caller_user();
-    if (caller < 0)
+    if (caller < 0) {
+        refuse_silently();
         return -1;
+    }
     typed_password password;
     if (!password.read("Input your password:")) {
-        say("Input your password error.");
+        refuse("Input your password error.");
         return -1;
     }
     ipmi_request request(netfn_oem, 0x91);
@@ -85,11 +89,11 @@ int verify_caller_password()
     if (got.ok())
         return 0;
     if (got.unanswered())
-        say("send 'check user password' failed, error code: 0x%X", g_error_code);
+        refuse("send 'check user password' failed, error code: 0x%X", g_error_code);
     else if (got.refused_with(wrong_password))
-        say("Incorrect password.");
+        refuse("Incorrect password.");
     else
-        say("Check user password failed, error code: 0x%X", got.error_code(check));
+        refuse("Check user password failed, error code: 0x%X", got.error_code(check));
     return -1;
 }
 

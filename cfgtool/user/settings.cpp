@@ -49,12 +49,12 @@ static ipmi_request set_user_access(uint8_t user, uint8_t privilege)
 
 static void print_privilege_usage()
 {
-    say("cfgtool -d privilege -v <username> <privilege>\r\n"
-        "Privileges are:\r\n"
-        "    15       No Access\r\n"
-        "    2        User\r\n"
-        "    3        Operator\r\n"
-        "    4        Administrator");
+    usage_error("cfgtool -d privilege -v <username> <privilege>\r\n"
+                "Privileges are:\r\n"
+                "    15       No Access\r\n"
+                "    2        User\r\n"
+                "    3        Operator\r\n"
+                "    4        Administrator");
 }
 
 static int privilege_failed(int32_t privilege)
@@ -84,14 +84,14 @@ int privilege(const invocation &typed)
     if (!check_privilege(typed) || verify_caller_password() != 0)
         return privilege_failed(wanted);
     if (!refresh_user_table()) {
-        say(failure, g_error_code);
+        fail(failure, g_error_code);
         log_record(log_class_account, module, "Modify user(%s) privilege fail,EvtCode:0x11100591",
                    privilege_name(wanted));  // Kept: the privilege in the place of the name
         return 0;
     }
     const uint8_t user = find_user(name);
     if (user == user_limit) {
-        say("Set user privilege failed.");
+        fail("Set user privilege failed.");
         log_record(log_class_account, module, "Modify user(user%d) privilege(%s) fail,EvtCode:0x11100591", user,
                    privilege_name(wanted));
         return 0;
@@ -102,11 +102,11 @@ int privilege(const invocation &typed)
     }
     for (const ipmi_request &request : {enable_user_request(user), set_user_access(user, uint8_t(wanted))}) {
         if (const ipmi_answer got = exchange(request); !got.ok()) {
-            say(failure, got.error_code());
+            fail(failure, got.error_code());
             return privilege_failed(name, user, wanted);
         }
     }
-    say("Set user privilege successfully.");
+    done("Set user privilege successfully.");
     log_record(log_class_account, module, "Modify user(%s|user%d) privilege(%s) success,EvtCode:0x11100590", name, user,
                privilege_name(wanted));
     return 1;
@@ -137,31 +137,35 @@ int unlock(const invocation &typed)
     if (!check_privilege(typed))
         return unlock_failed();
     if (!typed.has_values(1)) {
-        say("Usage: cfgtool -t user -d unlock -v <username>");
+        usage_error("Usage: cfgtool -t user -d unlock -v <username>");
         return unlock_failed();
     }
-    if (verify_caller_password() != 0 || !refresh_user_table())
+    if (verify_caller_password() != 0)
         return unlock_failed();
+    if (!refresh_user_table()) {
+        refuse_silently(g_error_code);
+        return unlock_failed();
+    }
     const uint8_t user = find_user(typed.value(0));
     if (user == user_limit) {
-        say("Set user unlock failed.");
+        fail("Set user unlock failed.");
         log_record(log_class_account, module, "Set user(user%d) unlock status fail,EvtCode:0x11100CC1", user);
         return 0;
     }
     const char *name = user_table[user].name;
     const ipmi_answer got = exchange(unlock_user(name));
     if (got.ok()) {
-        say("Set user:%s unlock status successfully.", name);
+        done("Set user:%s unlock status successfully.", name);
         log_record(log_class_account, module, "Set user(%s|user%d) unlock status success,EvtCode:0x11100CC0", name,
                    user);
         return 1;
     }
     if (got.unanswered())
-        say("Send 'unlock user' failed, error code: 0x%X", g_error_code);
+        fail("Send 'unlock user' failed, error code: 0x%X", g_error_code);
     else if (got.refused_with(user_not_unlocked))
-        say("Unlock user failed!");
+        fail("Unlock user failed!");
     else
-        say("Unlock user failed, error code: 0x%X", got.error_code(unlock_operation));
+        fail("Unlock user failed, error code: 0x%X", got.error_code(unlock_operation));
     log_record(log_class_account, module, "Set user(%s|user%d) unlock status fail,EvtCode:0x11100CC1", name, user);
     return 0;
 }
@@ -193,7 +197,7 @@ int passwordcomplexity(const invocation &typed)
         return complexity_failed();
     const bool enable = typed.has_values(1) && strcmp(typed.value(0), "enable") == 0;
     if (!enable && !(typed.has_values(1) && strcmp(typed.value(0), "disable") == 0)) {
-        say("Usage: cfgtool -d passwordcomplexity -v <enable/disable>");
+        usage_error("Usage: cfgtool -d passwordcomplexity -v <enable/disable>");
         return complexity_failed();
     }
     if (!enable) {
@@ -204,10 +208,10 @@ int passwordcomplexity(const invocation &typed)
     const ipmi_answer got = exchange(set_complexity_check(enable));
     if (!got.ok()) {
         // Kept: the enterprise number's second byte in the code, where others have the function.
-        say("Set password complexity check state failed, error code: 0x%X", got.error_code(uint8_t(OEM_IANA >> 8)));
+        fail("Set password complexity check state failed, error code: 0x%X", got.error_code(uint8_t(OEM_IANA >> 8)));
         return complexity_failed(enable);
     }
-    say("Set password complexity check state successfully");
+    done("Set password complexity check state successfully");
     log_record(log_class_account, module, "%s local user password complexity check success, EvtCode:0x11100BD0",
                typed.value(0));  // Kept: as typed, while the failures capitalise it
     return 1;
@@ -230,12 +234,12 @@ int remotemanageid(const invocation &typed)
     if (!check_privilege(typed))
         return 0;
     if (!typed.has_values(1))
-        return refuse("cfgtool -d remotemanageid -v <id>\r\n"
-                      "    Contains 0-64 characters.\r\n"
-                      "    Contains any digits, letters, or symbols.\r\n"
-                      "    You must add blackslashes (\\) before spaces and the following characters: "
-                      "~!@#$%%^&*()-=_+{}[]\\|;:'\"<>?,./\r\n"
-                      "    For example, tes\\<a\\|b\\>t.");
+        return usage_error("cfgtool -d remotemanageid -v <id>\r\n"
+                           "    Contains 0-64 characters.\r\n"
+                           "    Contains any digits, letters, or symbols.\r\n"
+                           "    You must add blackslashes (\\) before spaces and the following characters: "
+                           "~!@#$%%^&*()-=_+{}[]\\|;:'\"<>?,./\r\n"
+                           "    For example, tes\\<a\\|b\\>t.");
     const char *id = typed.value(0);
     const size_t length = strlen(id);
     if (length > longest_manage_id)
@@ -249,11 +253,11 @@ int remotemanageid(const invocation &typed)
         const ipmi_answer got = exchange(set_manage_id(more, offset, bytes_of(id + offset, size)));
         // Kept: the digits, and that one of the two does not say "failed".
         if (got.unanswered())
-            return refuse("2set remotemanageid failed, error code: 0x%X", g_error_code);
+            return fail("2set remotemanageid failed, error code: 0x%X", g_error_code);
         if (!got.ok())
-            return refuse("1set remotemanageid, error code: 0x%X", got.error_code(0x01));
+            return fail("1set remotemanageid, error code: 0x%X", got.error_code(0x01));
     }
-    say("Set remotemanageid:%s successfully.", id);
+    done("Set remotemanageid:%s successfully.", id);
     log_record(log_class_account, "Zentro", "Set Device Remote Manage ID(%s) success,EvtCode:0x20200DD0", id);
     return 1;
 }
@@ -284,11 +288,11 @@ static bool send_serial_number(const char *number, size_t length)
         const size_t size = std::min(length - offset, serial_piece);
         const ipmi_answer got = exchange(set_serial_piece(more, offset, bytes_of(number + offset, size)));
         if (!got.ok()) {
-            say(serial_failure, got.error_code(0x04));
+            fail(serial_failure, got.error_code(0x04));
             return false;
         }
     }
-    say("Set smbios serial number successfully.");
+    done("Set smbios serial number successfully.");
     return true;
 }
 
@@ -298,13 +302,13 @@ int serialnumber(const invocation &typed)
         return 0;
     const size_t length = typed.has_values(1) ? strlen(typed.value(0)) : 0;
     if (length == 0 || length > longest_serial_number)
-        return refuse("Usage: cfgtool -t smbios -d serialnumber -v <serialnumber> \r\n"
-                      "the length of serialnumber is 0<length<23");
+        return usage_error("Usage: cfgtool -t smbios -d serialnumber -v <serialnumber> \r\n"
+                           "the length of serialnumber is 0<length<23");
 
     const hold_signals until_closed;
     const ipmi_answer got = smbios_write_bracket(true);
     if (!got.ok())
-        return refuse(serial_failure, got.error_code(0x20));
+        return fail(serial_failure, got.error_code(0x20));
     const bool sent = send_serial_number(typed.value(0), length);
     smbios_write_bracket(false);
     return sent;
