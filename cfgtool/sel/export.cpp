@@ -6,7 +6,9 @@
 #include "platform/platform.h"
 #include "sel/csv.h"
 #include "sel/own_folder.h"
+#include "sel/tmp_contents.h"
 #include "sel/unpack.h"
+#include "system/hold_signals.h"
 #include "ui/console.h"
 
 #include <algorithm>
@@ -122,9 +124,11 @@ static void bring_archived_log(const char *name, const char *ending, log_pair *p
     snprintf(pair.csv, sizeof pair.csv, "%s%.*s.csv", work_folder.path, base, name);
     char archive[path_size];
     snprintf(archive, sizeof archive, "%s%.*s", sel_folder, int(name_size - 1), name);
+    const hold_signals until_tmp_is_tidy;
     const bool unpacked = unpack_log(archive);
     if (take_back_work_folder(pairs, brought) && unpacked)
         bring_log(pair, unpacked_log);
+    tidy_tmp();
 }
 
 /// Brings every log among the names. The number of pairs.

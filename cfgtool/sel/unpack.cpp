@@ -1,6 +1,7 @@
 #include "sel/unpack.h"
 
 #include "platform/platform.h"
+#include "sel/tmp_contents.h"
 
 #include <cerrno>
 #include <cstring>
@@ -50,8 +51,9 @@ bool unpack_log(char *archive)
 {
     char program[] = "/bin/tar", options[] = "-zxf", folder_option[] = "-C", folder[] = "/tmp/";
     char *const words[] = {program, options, archive, folder_option, folder, nullptr};
-    if (!may_be_archive(archive) || !make_way())
+    if (!may_be_archive(archive) || !make_way() || !note_tmp("dev"))
         return false;
-    vos_system(program, words);  // What else the archive holds stays in /tmp.
+    vos_system(program, words);
+    give_back_tmp();  // at once: what is safe in /tmp is so as it is sticky
     return take_back_way() && is_file_or_nothing(unpacked_log);
 }

@@ -7,6 +7,7 @@
 constexpr own_folder unpacked_folder = {"/tmp/dev/", "/tmp/dev"};
 constexpr char unpacked_log[] = "/tmp/dev/shm/save/reboot_file/sel_bak.bin";
 
-/// Unpacks an archive in /tmp. One of an archive before or of a run that was broken off is gone then.
-///   returns  false = what lies there is not to be touched; true as well = there is no log
+/// Unpacks an archive in /tmp, from where a log that an earlier archive or an interrupted run left is removed first.
+/// What the archive brings stays until tidy_tmp().
+///   returns  false = what is in the log's place must not be touched; true also when there is no log
 bool unpack_log(char *archive);

@@ -17,6 +17,7 @@ static constexpr failing_call failing_calls[] = {
     // libc
     {"malloc", 0, ENOMEM},
     {"calloc", 0, ENOMEM},
+    {"realloc", 0, ENOMEM},
     {"open", -1, EMFILE, true},
     {"close", -1, EIO},
     {"mkostemp", -1, ENOSPC},
@@ -34,6 +35,10 @@ static constexpr failing_call failing_calls[] = {
     {"fstat", -1, EIO},
     {"opendir", 0, EMFILE},
     {"readdir", 0, EIO},
+    {"fdopendir", 0, ENOMEM},
+    {"openat", -1, EMFILE},
+    {"statx", -1, EACCES},
+    {"unlinkat", -1, EROFS},
     {"isatty", 0, ENOTTY},
     {"tcgetattr", -1, EIO},
     {"tcsetattr", -1, EIO},

@@ -217,12 +217,32 @@ dirent *__wrap_readdir(DIR *folder)
 {
     static dirent entry;
     if (folder != listed)
-        return __real_readdir(folder);
+        return tool_fails("readdir") ? nullptr : __real_readdir(folder);
     if (fails("readdir") || entries.empty())
         return nullptr;
     entry = entries.back();
     entries.pop_back();
     return &entry;
+}
+
+// Inside a folder that is open
+
+WRAPPED(DIR *, fdopendir, int folder) { return tool_fails("fdopendir") ? nullptr : __real_fdopendir(folder); }
+
+int __real_openat(int folder, const char *name, int flags, ...);
+int __wrap_openat(int folder, const char *name, int flags, mode_t mode)
+{
+    return tool_fails("openat") ? -1 : __real_openat(folder, name, flags, mode);
+}
+
+WRAPPED(int, statx, int folder, const char *name, int flags, unsigned wanted, struct statx *about)
+{
+    return tool_fails("statx") ? -1 : __real_statx(folder, name, flags, wanted, about);
+}
+
+WRAPPED(int, unlinkat, int folder, const char *name, int flags)
+{
+    return tool_fails("unlinkat") ? -1 : __real_unlinkat(folder, name, flags);
 }
 
 // The add-user lock -------------------------------------------------------------------------------------------------
@@ -253,6 +273,13 @@ WRAPPED(void *, calloc, size_t count, size_t size)
 {
     void *const block = tool_fails("calloc") ? nullptr : __real_calloc(count, size);
     blocks_taken += block != nullptr ? 1 : 0;
+    return block;
+}
+
+WRAPPED(void *, realloc, void *before, size_t size)
+{
+    void *const block = tool_fails("realloc") ? nullptr : __real_realloc(before, size);
+    blocks_taken += block != nullptr && before == nullptr ? 1 : 0;
     return block;
 }
 

@@ -3,7 +3,7 @@
 library and the real tar, as root, with folders of their own for /data and /tmp. Skipped for anybody but root, who alone
 can own files in other users' names.
 
-CFGTOOL names the tool, with its library in ../lib."""
+CFGTOOL names the tool, with its library in ../lib and ipmcd beside it."""
 
 import contextlib
 import io
@@ -14,12 +14,14 @@ import stat
 import subprocess
 import tarfile
 import tempfile
+import time
 import unittest
 from pathlib import Path
 
 CFGTOOL = Path(os.environ.get("CFGTOOL", Path(__file__).parents[2] / "build/bin/cfgtool")).resolve()
 TIME_LIMIT_S = 30
 SOMEBODY = 1234
+ADMINISTRATOR = 502  # controller user 2
 RACES = 5
 
 RECORD = bytes.fromhex("0300C0008E38660ABCDE04300102FFFF")  # of a maker's own type: names no sensor
@@ -45,6 +47,21 @@ def as_somebody(path, act):
 
 @unittest.skipUnless(os.geteuid() == 0 and shutil.which("bwrap"), "as root, with bubblewrap")
 class Export(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.run_folder = Path(tempfile.mkdtemp(prefix="export-run-"))
+        cls.run_folder.chmod(0o755)
+        words = [CFGTOOL.parent / "ipmcd", "--ipc-dir", cls.run_folder]
+        cls.ipmcd = subprocess.Popen(words, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE)
+        cls.ipmcd.stdout.readline()
+        (cls.run_folder / "2001").chmod(0o666)
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.ipmcd.terminate()
+        cls.ipmcd.communicate()
+        shutil.rmtree(cls.run_folder)
+
     def setUp(self):
         self.root = Path(tempfile.mkdtemp(prefix="export-"))
         self.addCleanup(shutil.rmtree, self.root, True)
@@ -57,23 +74,43 @@ class Export(unittest.TestCase):
         (self.root / "data/sectbl.cfg").write_text("* * * * 1 00000001 x\n")
         (self.logs / "sel.bin").write_bytes(RECORD)
 
-    def archive(self, name, *members):
-        """Members are (name, content), somebody else's and everybody's to write in. A content is bytes, a link's
-        (target,), or the type of anything else."""
-        with tarfile.open(self.logs / name, "w:gz") as packed:
+    def archive(self, name, *members, mode=0o777, owner=SOMEBODY, changed=0):
+        """Members are (name, content). A content is bytes, a link's (target,), a hard link's [target], or the type of
+        anything else."""
+        with tarfile.open(self.logs / name, "w:gz", format=tarfile.PAX_FORMAT) as packed:
             for member, content in members:
                 entry = tarfile.TarInfo(member)
-                entry.uid = entry.gid = SOMEBODY
-                entry.mode = 0o777
-                if isinstance(content, tuple):
-                    entry.type, entry.linkname = tarfile.SYMTYPE, content[0]
+                entry.uid = entry.gid = owner
+                entry.mode = mode
+                entry.mtime = changed
+                if isinstance(content, (tuple, list)):
+                    entry.type = tarfile.SYMTYPE if isinstance(content, tuple) else tarfile.LNKTYPE
+                    entry.linkname = content[0]
                 elif content in (tarfile.DIRTYPE, tarfile.FIFOTYPE, tarfile.CHRTYPE):
                     entry.type, entry.devmajor, entry.devminor = content, 1, 7  # /dev/full
                 else:
                     entry.size = len(content)
                 packed.addfile(entry, io.BytesIO(content) if entry.size else None)
 
-    def run_export(self):
+    def in_tmp(self):
+        """What each path below /tmp, and /tmp itself, is."""
+        found = {}
+        for path in [self.tmp, *self.tmp.rglob("*")]:
+            about = path.lstat()
+            content = path.read_bytes() if path.is_file() and not path.is_symlink() else b""
+            found[str(path.relative_to(self.tmp))] = (about.st_mode, about.st_uid, about.st_gid, content)
+        return found
+
+    def assert_tmp_is_kept(self, user=None):
+        """After an export /tmp holds what it held before, and the tables."""
+        before = self.in_tmp()
+        self.run_export(user)
+        after = self.in_tmp()
+        self.assertIn("sel.tar", after)
+        del after["sel.tar"]
+        self.assertEqual(after, before)
+
+    def run_export(self, user=None):
         """An export leaves the logs as they are, and what lies elsewhere."""
         before = {path: path.lstat().st_mtime_ns for path in self.logs.iterdir()}
         words = ["bwrap", "--dev-bind", "/dev", "/dev", "--proc", "/proc", "--cap-add", "ALL"]
@@ -81,6 +118,9 @@ class Export(unittest.TestCase):
             words += ["--ro-bind-try", folder, folder]
         words += ["--ro-bind", str(CFGTOOL.parents[1]), "/tool"]
         words += ["--bind", str(self.root / "data"), "/data", "--bind", str(self.tmp), "/tmp"]
+        words += ["--perms", "0755", "--dir", "/run", "--bind", str(self.run_folder), "/run/zentro"]
+        if user is not None:
+            words += ["setpriv", f"--reuid={user}", f"--regid={user}", "--clear-groups"]
         words += ["/tool/bin/cfgtool", "-t", "maintenance", "-d", "zntool"]
         subprocess.run(words, timeout=TIME_LIMIT_S, capture_output=True, check=True)  # tar has much to say
         self.assertEqual(before, {path: path.lstat().st_mtime_ns for path in self.logs.iterdir()})
@@ -154,6 +194,136 @@ class Export(unittest.TestCase):
                 self.archive("sel_1.tar.gz", (name, ("/data/share/sel",)))
                 self.archive("sel_2.tar.gz", (LOG, 2 * RECORD))
                 self.assertEqual(self.export(), {"sel.csv": 1, "sel_2.csv": 2})
+
+    def test_archive_with_tmp_itself(self):
+        for name in (".", "./", "./.", "sub/.."):
+            for mode, owner in ((0o1777, 0), (0o1770, 7), (0o755, 0)):
+                with self.subTest(name, mode=oct(mode)):
+                    os.chown(self.tmp, owner, owner)
+                    self.tmp.chmod(mode)
+                    self.archive("sel_1.tar.gz", (name, tarfile.DIRTYPE), (LOG, RECORD))
+                    self.assert_tmp_is_kept()
+                    (self.tmp / "sel.tar").unlink()
+
+    def hostile_members(self):
+        log = [(LOG, RECORD), ("dev/evil", b"x"), ("dev/shm/evil", b"x")]
+        kinds = [b"x", tarfile.FIFOTYPE, tarfile.CHRTYPE, tarfile.DIRTYPE, ("/etc/passwd",)]
+        return [*log, *((f"evil-{n}", kind) for n, kind in enumerate(kinds)), ("sub/sub/evil", b"x"), ("./dot/evil", b"x")]
+
+    def test_archive_of_set_user_id_members(self):
+        for owner in (0, SOMEBODY):
+            for mode in (0o4755, 0o6777, 0o2755):
+                with self.subTest(mode=oct(mode), owner=owner):
+                    self.archive("sel_1.tar.gz", (".", tarfile.DIRTYPE), *self.hostile_members(), mode=mode, owner=owner)
+                    self.assert_tmp_is_kept()
+                    (self.tmp / "sel.tar").unlink()
+
+    def test_archive_of_any_age(self):
+        day = 24 * 3600
+        for changed in (0, time.time() - day, time.time(), time.time() + 3600, time.time() + 20000 * day):
+            with self.subTest(changed):
+                self.archive("sel_1.tar.gz", *self.hostile_members(), changed=changed)
+                self.assert_tmp_is_kept()
+                (self.tmp / "sel.tar").unlink()
+
+    def test_archive_that_says_it_was_made_now(self):
+        """What could do harm goes whatever time it says. A plain file of just this moment could be anybody's."""
+        now = time.time()
+        steps = [now + step / 1000 for step in range(0, 3000, 2)]
+        with tarfile.open(self.logs / "sel_1.tar.gz", "w:gz", format=tarfile.PAX_FORMAT) as packed:
+            for number, changed in enumerate(steps):
+                entry = tarfile.TarInfo(f"evil-{number}")
+                entry.mode, entry.mtime, entry.size = 0o4755, changed, 1
+                packed.addfile(entry, io.BytesIO(b"x"))
+        self.assert_tmp_is_kept()
+
+    def test_archive_that_enters_folders_of_others(self):
+        for folder, owner, mode in (("ours", 0, 0o755), ("theirs", 99, 0o700), ("theirs/inner", 99, 0o1755)):
+            (self.tmp / folder).mkdir()
+            (self.tmp / folder / "own").write_bytes(b"own")
+            os.chown(self.tmp / folder, owner, owner)
+            (self.tmp / folder).chmod(mode)
+        folders = [(name, tarfile.DIRTYPE) for name in ("ours", "theirs", "theirs/inner")]
+        for members in (folders, []):
+            inside = [(f"{folder}/{name}", content) for folder, _ in folders for name, content in self.hostile_members()]
+            self.archive("sel_1.tar.gz", *members, *inside, (LOG, RECORD), mode=0o4777)
+            self.assert_tmp_is_kept()
+            (self.tmp / "sel.tar").unlink()
+
+    def test_archive_with_a_file_in_place_of_one_that_was_there(self):
+        (self.tmp / "bios.bin").write_bytes(b"own")
+        self.archive("sel_1.tar.gz", ("bios.bin", b"brought"), (LOG, RECORD))
+        self.run_export()
+        self.assertEqual([path.name for path in self.tmp.iterdir()], ["sel.tar"])
+
+    def test_archive_with_new_names_of_files_that_were_there(self):
+        (self.tmp / "own").write_bytes(b"own")
+        os.link(self.tmp / "own", self.tmp / "other name")
+        self.archive("sel_1.tar.gz", ("evil", ["own"]), ("sub/evil", ["own"]), (LOG, RECORD))
+        self.assert_tmp_is_kept()
+
+    def test_archive_of_many_folders_in_each_other(self):
+        for depth in (60, 63, 64, 65, 66, 150, 400):
+            with self.subTest(depth):
+                (self.logs / "sel_1.tar.gz").unlink(True)
+                way = "/".join("abc"[n % 3] for n in range(depth))
+                self.archive("sel_1.tar.gz", (way, tarfile.DIRTYPE), (f"{way}/evil", b"x"), (f"d/{way}/evil", b"x"))
+                self.assert_tmp_is_kept()
+                (self.tmp / "sel.tar").unlink()
+
+    def test_second_archive_cannot_follow_what_the_first_brought(self):
+        self.archive("sel_2.tar.gz", ("way", ("/data/elsewhere",)), ("deep/way", ("/data/elsewhere",)))
+        self.archive("sel_1.tar.gz", ("way/x", b"x"), ("deep/way/x", b"x"), (LOG, RECORD))
+        self.assert_tmp_is_kept()
+
+    def test_what_others_make_meanwhile_stays(self):
+        """Files and folders of somebody, made and renamed all the time while archives come and go."""
+        large = ("evil-large", os.urandom(4 << 20))  # which takes some time
+        for number in range(6):
+            self.archive(f"sel_{number}.tar.gz", *self.hostile_members(), ("own/evil", b"x"), large, (LOG, RECORD))
+        (self.tmp / "own").mkdir()
+        os.chown(self.tmp / "own", SOMEBODY, SOMEBODY)
+        reader, writer = os.pipe()
+        numbers = iter(range(1 << 30))
+
+        def make(folder):
+            number = next(numbers)
+            try:
+                for place in (folder, folder.parent):
+                    (place / f"file-{number}").write_bytes(b"x")
+                    (place / f"folder-{number}").mkdir()
+                    (place / f"folder-{number}" / "x").touch()
+                    (place / f"old-{number}").write_bytes(b"x")
+                    (place / f"old-{number}").rename(place / f"new-{number}")
+                os.write(writer, b".")
+            except OSError as error:
+                os.write(writer, f"{error}".encode())
+            time.sleep(0.005)
+
+        child = as_somebody(self.tmp / "own", make)
+        os.close(writer)
+        try:
+            self.run_export()
+        finally:
+            os.kill(child, signal.SIGKILL)
+            os.waitpid(child, 0)
+        with open(reader, "rb") as done:
+            rounds = done.read()
+        self.assertEqual(rounds, len(rounds) * b".")
+        self.assertGreater(len(rounds), 10)
+        names = {f"{kind}-{number}" for number in range(len(rounds)) for kind in ("file", "folder", "new")}
+        for folder in (self.tmp, self.tmp / "own"):
+            self.assertEqual(names - set(os.listdir(folder)), set())
+        self.assertEqual([path for path in self.tmp.rglob("*evil*")], [])
+
+    def test_administrator_who_is_not_root(self):
+        (self.tmp / "theirs").mkdir(mode=0o700)
+        for mode in (0o4777, 0o555, 0o000):
+            with self.subTest(mode=oct(mode)):
+                folders = [(name, tarfile.DIRTYPE) for name in (".", "sub", "sub/sub")]
+                self.archive("sel_1.tar.gz", *self.hostile_members(), *folders, mode=mode)
+                self.assert_tmp_is_kept(ADMINISTRATOR)
+                (self.tmp / "sel.tar").unlink()
 
     def test_truncated_archive(self):
         self.archive("sel_1.tar.gz", (LOG, os.urandom(100000)))

@@ -77,7 +77,7 @@ dirent *readdir(DIR *folder)
 {
     static dirent entry;
     if (disk == nullptr)
-        return real<dirent *(*)(DIR *)>("readdir")(folder);
+        return fails("readdir") ? nullptr : real<dirent *(*)(DIR *)>("readdir")(folder);
     if (disk->entries.empty())
         return nullptr;
     snprintf(entry.d_name, sizeof entry.d_name, "%s", disk->entries.front().c_str());

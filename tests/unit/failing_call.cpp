@@ -5,6 +5,7 @@
 #include <arpa/inet.h>
 #include <cerrno>
 #include <cstdlib>
+#include <dirent.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -56,6 +57,23 @@ int stat(const char *path, struct stat *about) noexcept { return fstatat(AT_FDCW
 extern "C" {
 
 WRAPPED(void *, calloc, size_t count, size_t size) { return fails("calloc") ? nullptr : __real_calloc(count, size); }
+
+WRAPPED(void *, realloc, void *before, size_t size)
+{
+    return fails("realloc") ? nullptr : __real_realloc(before, size);
+}
+
+WRAPPED(DIR *, fdopendir, int folder) { return fails("fdopendir") ? nullptr : __real_fdopendir(folder); }
+
+WRAPPED(int, statx, int folder, const char *name, int flags, unsigned wanted, struct statx *about)
+{
+    return fails("statx") ? -1 : __real_statx(folder, name, flags, wanted, about);
+}
+
+WRAPPED(int, fchown, int file, uid_t owner, gid_t group)
+{
+    return fails("fchown") ? -1 : __real_fchown(file, owner, group);
+}
 
 WRAPPED(ssize_t, read, int file, void *to, size_t size) { return fails("read") ? -1 : __real_read(file, to, size); }
 

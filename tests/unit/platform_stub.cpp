@@ -23,6 +23,8 @@ const char *on_disk(const char *path)
     const std::string_view place = path;
     if (!stub.has_disk && (place.starts_with("/tmp/") || place.starts_with("/data/")))
         return "/nowhere";
+    if (!stub.tmp.empty() && place == "/tmp/")
+        return stub.tmp.c_str();
     const bool is_lock = !stub.lock_file.empty() && strcmp(path, "/ipmc/usr/adduser_mutex") == 0;
     return is_lock ? stub.lock_file.c_str() : path;
 }

@@ -39,6 +39,7 @@ struct platform_stub {
     long file_length = -1;  // of any file
     std::string sensor_type_name;
     std::string lock_file;  // what lies in place of /ipmc/usr/adduser_mutex
+    std::string tmp;        // the folder in place of /tmp/
     bool has_disk = true;   // false: /data and /tmp appear to be empty
 
     std::vector<byte_text> sent;

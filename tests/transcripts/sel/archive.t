@@ -191,7 +191,34 @@ do find no log of a
 do pack
 packed sel.csv 640 2 lines
 do end
-wrote /tmp/readme "x"
+
+# where it cannot be noted what was there before, an archive is not unpacked
+fails open /tmp/
+archive /data/share/sel/a_sel.tar.gz dev/shm/save/reboot_file/sel_bak.bin hex OEM
+$ cfgtool -t maintenance -d zntool
+do begin
+call mkdir "/tmp/dev/" 751
+do find no log of a
+do pack
+do end
+
+# what an archive brings beside its log goes; what was there and what has changed nothing stays
+archive /data/share/sel/a_sel.tar.gz . folder 777
+archive /data/share/sel/a_sel.tar.gz ./readme "x"
+archive /data/share/sel/a_sel.tar.gz kept/brought "x"
+archive /data/share/sel/a_sel.tar.gz kept/fifo fifo
+archive /data/share/sel/a_sel.tar.gz deep/er/link link /data
+archive /data/share/sel/a_sel.tar.gz dev/shm/save/reboot_file/sel_bak.bin hex OEM
+file /tmp/kept/own "own"
+file /tmp/own "own"
+$ cfgtool -t maintenance -d zntool
+do begin
+do unpack a
+do copy a
+do convert a
+do pack
+packed a_sel.csv 640 2 lines
+do end
 
 # an archive without a log does not seem to hold the log of the one before
 archive /data/share/sel/a_sel.tar.gz dev/shm/save/reboot_file/other "x"
@@ -333,8 +360,7 @@ do begin
 call mkdir "/tmp/dev/" 751
 call vos_system "/bin/tar" "/bin/tar" "-zxf" "/data/share/sel/b_sel.tar.gz" "-C" "/tmp/"
 call mkdir "/tmp/dev/" failed
-call vos_rm_filepath "/tmp/dev/"
-do unpack a
+call vos_system "/bin/tar" "/bin/tar" "-zxf" "/data/share/sel/a_sel.tar.gz" "-C" "/tmp/"
 do copy a
 call vos_get_file_length "/tmp/sel_temp/b_sel.bin"
 | sel_bin2txt: fopen /tmp/sel_temp/b_sel.bin failed
@@ -364,7 +390,6 @@ do begin
 do unpack a
 do copy a
 do find no log of a
-call vos_rm_filepath "/tmp/sel.tar"
 do pack
 do end
 
