@@ -359,8 +359,7 @@ static bool fill_body(uint8_t *body, const sdr_header &header, sdr_iterator &sto
         }
         const unsigned size = std::min(header.length - position, sdr_read_size);
         const unsigned offset = (position & 0xFF) + header_length;
-        if (describes_steps())
-            sdr_diagnose("Getting %d bytes from SDR at offset %d", int(size), int(offset));
+        sdr_diagnose("Getting %d bytes from SDR at offset %d", int(size), int(offset));
         const ipmi_answer got = exchange(read_record(store, header.id, uint8_t(offset), uint8_t(size)));
         if (got.refused_with(reservation_cancelled)) {
             sdr_diagnose("SDR reservation cancelled. Sleeping a bit and retrying...");
