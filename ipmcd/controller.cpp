@@ -52,25 +52,47 @@ completion controller::refusal(uint8_t netfn, uint8_t command, std::span<const u
     return why;
 }
 
-completion controller::execute(uint8_t netfn, uint8_t lun, uint8_t command, std::span<const uint8_t> data,
-                               byte_writer &answer)
+/// A handler that fails is not the end of the controller.
+template <typename handling>
+static completion guarded(const command &row, const byte_writer &answer, handling handle)
 {
-    const entry *found = find(netfn, command, data);
-    if (!found)
-        return refusal(netfn, command, data);
-    if (lun != 0)
-        return completion::invalid_for_lun;
-    const ipmcd::command &row = *found->row;
-    byte_reader request(data.subspan(row.lead.size()));
-    if (request.left() < row.length.smallest || request.left() > row.length.largest)
-        return completion::length_invalid;
     try {
-        const completion code = row.run(*found->owner, request, answer);
+        const completion code = handle();
         return answer.overflown() ? completion::no_response_possible : code;
     } catch (const std::exception &problem) {
         report(row.name + std::string(": ") + problem.what());
         return completion::unspecified;
     }
+}
+
+void controller::execute(const request_frame &request, uint32_t account, command_result then)
+{
+    const entry *found = find(request.netfn, request.command, request.data);
+    if (!found)
+        return then(refusal(request.netfn, request.command, request.data), {});
+    if (request.lun != 0)
+        return then(completion::invalid_for_lun, {});
+    const ipmcd::command &row = *found->row;
+    byte_reader data(request.data.subspan(row.lead.size()));
+    if (data.left() < row.length.smallest || data.left() > row.length.largest)
+        return then(completion::length_invalid, {});
+    byte_writer answer;
+    slow_answer slow;
+    const completion code = guarded(row, answer, [&] {
+        return row.run ? row.run(*found->owner, data, answer) : row.run_slowly(*found->owner, data, account, slow);
+    });
+    if (code != completion::ok || !slow.work)
+        return then(code, answer.written());
+    clock.in_background(account, std::move(slow.work),
+                        [&row, finish = std::move(slow.finish), then = std::move(then)](std::exception_ptr failed) {
+                            byte_writer late_answer;
+                            const completion late_code = guarded(row, late_answer, [&] {
+                                if (failed)
+                                    std::rethrow_exception(failed);
+                                return finish(late_answer);
+                            });
+                            then(late_code, late_answer.written());
+                        });
 }
 
 const command *controller::row_of(uint8_t netfn, uint8_t command, std::span<const uint8_t> data) const

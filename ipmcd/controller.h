@@ -2,11 +2,13 @@
 #pragma once
 
 #include "ipmcd/families.h"
+#include "ipmcd/frame.h"
 #include "ipmcd/scheduler.h"
 #include "ipmcd/sensors/board_file.h"
 
 #include <any>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -17,6 +19,8 @@
 namespace ipmcd
 {
 
+using command_result = std::function<void(completion, std::span<const uint8_t> data)>;
+
 class controller
 {
 public:
@@ -25,8 +29,9 @@ public:
     controller(const controller &) = delete;  // its families keep references to it
     controller &operator=(const controller &) = delete;
 
-    /// Carries one request out. Anything but completion::ok comes without answer data.
-    completion execute(uint8_t netfn, uint8_t lun, uint8_t command, std::span<const uint8_t> data, byte_writer &answer);
+    /// Carries one request of an account out. `then` gets its completion code, and with completion::ok its answer's
+    /// data: before this returns, or later when the request takes long.
+    void execute(const request_frame &request, uint32_t account, command_result then);
     /// The row that a request belongs to, or null.
     const command *row_of(uint8_t netfn, uint8_t command, std::span<const uint8_t> data) const;
     /// How many of the data bytes are nobody's secret. A request without a row may be a misspelt one: where rows of its

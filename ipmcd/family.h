@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -68,6 +69,16 @@ struct length_range {
 
 /// Carries a request out. The reader stands behind the leading bytes. What is written is sent only with completion::ok.
 using handler = completion (*)(family &self, byte_reader &request, byte_writer &answer);
+/// What is left to do of a request that takes long, as the hash of a password does. `work` runs beside the event loop
+/// and touches nothing but what it captured; `finish` runs in the event loop when that is done, and answers. The state
+/// may be another by then.
+struct slow_answer {
+    std::function<void()> work;
+    std::function<completion(byte_writer &answer)> finish;
+};
+/// The same for a request that may take long: it either answers with a completion code, or fills in `slow`. `account`
+/// is the account of the machine that asks.
+using slow_handler = completion (*)(family &self, byte_reader &request, uint32_t account, slow_answer &slow);
 /// Data in words, for the trace: of a request behind its leading bytes, of an answer behind its completion code.
 using data_words = std::string (*)(byte_reader &data);
 /// How many bytes of a request, behind its leading ones, are nobody's secret. The trace masks what follows them.
@@ -87,6 +98,7 @@ struct command {
     const char *name = nullptr;
     length_range length{};
     handler run = nullptr;
+    slow_handler run_slowly = nullptr;  // in place of `run`
     data_words request_words = nullptr;
     data_words answer_words = nullptr;
     open_bytes open = nullptr;  // none: all of it
@@ -118,8 +130,8 @@ public:
 
 template <typename method>
 struct method_owner;
-template <typename owner>
-struct method_owner<completion (owner::*)(byte_reader &, byte_writer &)> {
+template <typename owner, typename... argument>
+struct method_owner<completion (owner::*)(argument...)> {
     using type = owner;
 };
 
@@ -128,6 +140,11 @@ template <auto method>
 completion call(family &self, byte_reader &request, byte_writer &answer)
 {
     return (static_cast<typename method_owner<decltype(method)>::type &>(self).*method)(request, answer);
+}
+template <auto method>
+completion call_slowly(family &self, byte_reader &request, uint32_t account, slow_answer &slow)
+{
+    return (static_cast<typename method_owner<decltype(method)>::type &>(self).*method)(request, account, slow);
 }
 
 }  // namespace ipmcd

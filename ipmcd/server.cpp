@@ -27,14 +27,6 @@ static constexpr size_t taken_in_a_row = 256, served_in_a_row = 64;  // requests
 static constexpr int wanted_buffer = 1 << 20;                        // for answers; the system may give less
 static constexpr size_t most_late_answers = 4096;
 
-template <typename type>
-static type *made(type *it)
-{
-    if (!it)
-        throw std::runtime_error("the event loop cannot be set up");
-    return it;
-}
-
 namespace
 {
 class loop_timer final : public timer
@@ -85,6 +77,13 @@ std::unique_ptr<timer> event_loop::make_timer(std::function<void()> when_due)
     return std::make_unique<loop_timer>(base.get(), std::move(when_due));
 }
 
+void event_loop::in_background(uint32_t account, std::function<void()> work, background_result then)
+{
+    if (!thread)
+        thread.emplace(base.get());
+    thread->run(account, std::move(work), std::move(then));
+}
+
 void event_loop::run() { event_base_dispatch(base.get()); }
 
 ipmi_port::ipmi_port(event_loop &loop_, bound_socket &socket_, service &ipmi_)
@@ -111,13 +110,12 @@ void ipmi_port::listen()
 void ipmi_port::work()
 {
     take_in(socket.share(), taken_in_a_row);
-    for (size_t i = 0; i < served_in_a_row; i++) {
-        const auto request = waiting.next();
-        if (!request)
-            return;
-        serve(*request);
-    }
-    next_turn->start(std::chrono::milliseconds(0));  // other events first
+    is_serving = true;
+    for (size_t i = 0; i < served_in_a_row && !waiting.empty(); i++)
+        serve(*waiting.next());
+    is_serving = false;
+    if (!waiting.empty())
+        next_turn->start(std::chrono::milliseconds(0));  // other events first
 }
 
 /// The account that the kernel puts beside a datagram.
@@ -155,16 +153,22 @@ void ipmi_port::take_in(const shared_socket &from, size_t at_most)
     }
 }
 
-void ipmi_port::serve(const waiting_request &request)
+void ipmi_port::serve(waiting_request request)
 {
-    const destination to{request.from.address, request.via};
-    if (auto answer = ipmi.take(request.datagram)) {
-        if (answer->delay.count() == 0)
-            send(answer->datagram, to);
-        else
-            send_later(answer->delay, std::move(answer->datagram), to);
-    }
-    waiting.done(request.from);
+    ipmi.take(std::move(request.datagram), request.from.account,
+              [this, from = request.from, to = destination{request.from.address, request.via}](
+                  std::optional<delivery> answer) { deliver(std::move(answer), to, from); });
+}
+
+void ipmi_port::deliver(std::optional<delivery> answer, const destination &to, const sender &from)
+{
+    if (answer && answer->delay.count() != 0)
+        send_later(answer->delay, std::move(answer->datagram), to);
+    else if (answer)
+        send(answer->datagram, to);
+    waiting.done(from);
+    if (!is_serving && !waiting.empty())  // one of its requests may have waited for this answer
+        next_turn->start(std::chrono::milliseconds(0));
 }
 
 /// The address is as the kernel gave it. A socket without a name of its own cannot be answered, and one that is gone or

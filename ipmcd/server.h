@@ -2,16 +2,16 @@
 #pragma once
 
 #include "ipmcd/bound_socket.h"
+#include "ipmcd/event_owner.h"
 #include "ipmcd/requests.h"
 #include "ipmcd/scheduler.h"
+#include "ipmcd/worker.h"
 
-#include <event2/bufferevent.h>
-#include <event2/event.h>
-#include <event2/listener.h>
 #include <functional>
 #include <list>
 #include <map>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -20,16 +20,8 @@ namespace ipmcd
 {
 
 class control;
+struct delivery;
 class service;
-
-struct event_deleter {
-    void operator()(event_base *it) const { event_base_free(it); }
-    void operator()(event *it) const { event_free(it); }
-    void operator()(evconnlistener *it) const { evconnlistener_free(it); }
-    void operator()(bufferevent *it) const { bufferevent_free(it); }
-};
-template <typename type>
-using event_owner = std::unique_ptr<type, event_deleter>;
 
 class event_loop final : public scheduler
 {
@@ -37,6 +29,7 @@ public:
     event_loop();
     std::chrono::milliseconds now() const override;
     std::unique_ptr<timer> make_timer(std::function<void()> when_due) override;
+    void in_background(uint32_t account, std::function<void()> work, background_result then) override;
     event_base *get() { return base.get(); }
     /// Runs until SIGTERM or SIGINT.
     void run();
@@ -45,6 +38,7 @@ private:
     event_owner<event_base> base;
     event_owner<event> on_terminate;
     event_owner<event> on_interrupt;
+    std::optional<worker> thread;  // since there was work for one
 };
 
 /// Takes requests from the IPMI socket and sends their answers to where they came from. No client can hold up another:
@@ -66,7 +60,8 @@ private:
     void listen();
     void work();
     void take_in(const shared_socket &from, size_t at_most);
-    void serve(const waiting_request &request);
+    void serve(waiting_request request);
+    void deliver(std::optional<delivery> answer, const destination &to, const sender &from);
     void send(std::span<const uint8_t> datagram, const destination &to);
     void send_later(std::chrono::milliseconds delay, std::vector<uint8_t> datagram, const destination &to);
     void replace_when_filled();
@@ -75,6 +70,7 @@ private:
     bound_socket &socket;
     service &ipmi;
     request_queue waiting;
+    bool is_serving = false;
     int most_unread = 0;  // bytes of answers in the buffer of the present socket
     bool cannot_replace = false;
     std::list<std::unique_ptr<timer>> late;  // one for each answer that is still to go out

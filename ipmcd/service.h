@@ -6,6 +6,7 @@
 #include "ipmcd/trace.h"
 
 #include <chrono>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -17,13 +18,16 @@ struct delivery {
     std::chrono::milliseconds delay{0};
 };
 
+/// What is sent in answer to a datagram. None: nothing is, because it was no request or because a fault wants silence.
+using answer_sink = std::function<void(std::optional<delivery>)>;
+
 class service
 {
 public:
     service(controller &behind, fault_list &ordered, trace &shown) : board(behind), faults(ordered), log(shown) {}
 
-    /// None: nothing is to be sent, because it was no request or because a fault wants silence.
-    std::optional<delivery> take(std::span<const uint8_t> datagram);
+    /// Calls `then` once: before this returns, or later when the request takes long.
+    void take(std::vector<uint8_t> datagram, uint32_t account, answer_sink then);
     /// An answer could not be handed over: its client is gone, or takes nothing more.
     void note_undelivered() { undelivered++; }
     /// A request was not even looked at: too many of its sender's waited.
@@ -34,7 +38,18 @@ public:
     json counters() const;
 
 private:
-    answer_frame answer_to(const request_frame &request, const std::optional<fault> &ordered);
+    /// A request on its way to its answer.
+    struct exchange {
+        std::vector<uint8_t> datagram;
+        answer_sink then;
+        request_frame request{};
+        const command *row = nullptr;
+        std::optional<fault> ordered{};
+    };
+
+    bool is_request(exchange &it);
+    void show_request(const exchange &it) const;
+    void finish(const exchange &it, completion code, std::span<const uint8_t> data);
 
     controller &board;
     fault_list &faults;

@@ -1,12 +1,14 @@
 /// Users, their passwords and their access on the LAN channel (IPMI 2.0). They are also the accounts of the
-/// controller's own system: its account 500 + N is user N. The maker's additions check a user's password, lock a user
-/// out who fails that too often, and have rules for what a password is made of.
+/// controller's own system: its account 500 + N is user N. The maker's additions check a user's password, keep who
+/// fails that too often from trying again, and have rules for what a password is made of.
 #include "ipmcd/controller.h"
 #include "ipmcd/families/account_links.h"
 #include "ipmcd/families/password.h"
 #include "ipmcd/text.h"
 
 #include <algorithm>
+#include <charconv>
+#include <map>
 
 namespace ipmcd
 {
@@ -35,6 +37,15 @@ constexpr const char *operation_words[] = {"disable", "enable", "set", "test"};
 
 enum privilege : uint8_t { callback = 1, user = 2, operator_ = 3, administrator = 4, oem_level = 5, no_access = 15 };
 
+/// Wrong passwords that somebody gave for a user. They are counted, and the user is locked, for each account of the
+/// machine that asks: nobody can lock out a user for others.
+struct guesses {
+    unsigned wrong = 0;  // in a row
+    std::chrono::milliseconds locked_until{0};
+};
+/// An ordinary account may have thousands of further ones from here on, for its containers: all these count as one.
+constexpr uint32_t first_spare_account = 0x10000;
+
 struct account {
     std::string name;
     std::string password_hash{};  // empty: has no password, and none fits
@@ -44,9 +55,9 @@ struct account {
     bool callback_only = false;
     bool link_authentication = false;
     bool messaging = false;
-    uint8_t session_limit = 0;   // 0 = as many as the controller can
-    unsigned failed_checks = 0;  // in a row
-    std::chrono::milliseconds locked_until{0};
+    uint8_t session_limit = 0;  // 0 = as many as the controller can
+    guesses of_everyone{};      // what a tester sets
+    std::map<uint32_t, guesses> of_sender{};
 };
 
 using accounts = std::array<account, user_count>;
@@ -75,6 +86,12 @@ accounts factory_accounts()
     return all;
 }
 
+/// What answers a password that is tried.
+struct guess_answers {
+    completion wrong;
+    bool with_enterprise = false;  // in a good answer
+};
+
 class users final : public family
 {
 public:
@@ -98,8 +115,8 @@ private:
     completion set_access(byte_reader &request, byte_writer &answer);
     completion get_name(byte_reader &request, byte_writer &answer);
     completion set_name(byte_reader &request, byte_writer &answer);
-    completion change_password(byte_reader &request, byte_writer &answer);
-    completion check_password(byte_reader &request, byte_writer &answer);
+    completion change_password(byte_reader &request, uint32_t sender, slow_answer &slow);
+    completion check_password(byte_reader &request, uint32_t sender, slow_answer &slow);
     completion unlock(byte_reader &request, byte_writer &answer);
     completion switch_rules(byte_reader &request, byte_writer &answer);
 
@@ -108,11 +125,20 @@ private:
     bool is_taken(const std::string &name, const account &except) const;
 
     completion enable(account &who);
-    completion take_password(account &who, const std::string &password, bool is_short);
-    completion carry_out(password_operation wanted, account &who, const std::string &password, bool is_short);
-    bool is_locked(const account &who) const { return clock.now() < who.locked_until; }
-    void count_failure(account &who);
+    completion take_password(account &who, const std::string &password, bool is_short, slow_answer &slow);
+    completion try_password(account &who, const std::string &password, uint32_t sender, const guess_answers &answers,
+                            slow_answer &slow);
+    bool is_locked(const guesses &made) const { return clock.now() < made.locked_until; }
+    std::chrono::milliseconds locked_until(bool locked) const
+    {
+        return locked ? clock.now() + lock_time : std::chrono::milliseconds(0);
+    }
+    bool is_locked(const account &who, uint32_t sender) const;
+    bool is_locked_for_anyone(const account &who) const;
+    void count_wrong(account &who, uint32_t sender);
     json account_to_json(const account &who) const;
+    void read_guesses(json_fields &fields, guesses &made) const;
+    void read_senders(json_fields &fields, const std::string &where, account &who) const;
     void read_account(const json &json, const std::string &where, account &who) const;
 
     scheduler &clock;
@@ -120,6 +146,20 @@ private:
     accounts state = factory_accounts();
     bool rules_apply = true;
 };
+
+void forget_guesses(account &who)
+{
+    who.of_everyone = {};
+    who.of_sender.clear();
+}
+
+template <typename change>
+void for_everyone(account &who, change apply)
+{
+    apply(who.of_everyone);
+    for (auto &[sender, made] : who.of_sender)
+        apply(made);
+}
 
 void users::reset()
 {
@@ -129,10 +169,8 @@ void users::reset()
 
 void users::restart()
 {
-    for (account &who : state) {
-        who.failed_checks = 0;
-        who.locked_until = {};
-    }
+    for (account &who : state)
+        forget_guesses(who);
 }
 
 bool is_privilege(uint8_t limit) { return (limit >= callback && limit <= oem_level) || limit == no_access; }
@@ -258,45 +296,72 @@ completion users::enable(account &who)
     return completion::ok;
 }
 
-completion users::take_password(account &who, const std::string &password, bool is_short)
+/// By the time the hash is made the slot may be somebody else's.
+completion users::take_password(account &who, const std::string &password, bool is_short, slow_answer &slow)
 {
     if (password.empty() || (rules_apply && !is_good_password(password, who.name)))
         return against_the_rules;
-    who.password_hash = hash_password(password);
-    who.short_password = is_short;
+    const auto hash = std::make_shared<std::string>();
+    slow.work = [hash, password] { *hash = hash_password(password); };
+    slow.finish = [&who, name = who.name, hash, is_short](byte_writer &) {
+        if (who.name != name)
+            return completion::not_present;
+        who.password_hash = *hash;
+        who.short_password = is_short;
+        return completion::ok;
+    };
     return completion::ok;
 }
 
-bool fits(const account &who, const std::string &password)
+bool users::is_locked(const account &who, uint32_t sender) const
 {
-    return !who.password_hash.empty() && is_password(password, who.password_hash);
+    const auto found = who.of_sender.find(sender);
+    return is_locked(who.of_everyone) || (found != who.of_sender.end() && is_locked(found->second));
 }
 
-completion test_password(const account &who, const std::string &password, bool is_short)
+bool users::is_locked_for_anyone(const account &who) const
 {
-    if (is_short != who.short_password)
-        return other_password_size;
-    return fits(who, password) ? completion::ok : password_differs;
+    return is_locked(who.of_everyone) ||
+           std::ranges::any_of(who.of_sender, [this](const auto &one) { return is_locked(one.second); });
 }
 
-completion users::carry_out(password_operation wanted, account &who, const std::string &password, bool is_short)
+void users::count_wrong(account &who, uint32_t sender)
 {
-    switch (wanted) {
-    case password_operation::disable:
-        who.enabled = false;
+    guesses &made = who.of_sender.try_emplace(sender, who.of_everyone).first->second;
+    if (++made.wrong < failures_that_lock)
+        return;
+    made = {.wrong = 0, .locked_until = locked_until(true)};
+}
+
+/// Several may be tried at the same time: none says more than that the user is locked once he is.
+completion users::try_password(account &who, const std::string &password, uint32_t sender, const guess_answers &answers,
+                               slow_answer &slow)
+{
+    const auto fits = std::make_shared<bool>(false);
+    const std::string hash = who.password_hash;
+    slow.work = [fits, password, hash] { *fits = !hash.empty() && is_password(password, hash); };
+    slow.finish = [this, &who, fits, hash, sender, answers](byte_writer &answer) {
+        if (is_locked(who, sender))
+            return user_is_locked;
+        if (who.password_hash != hash)  // it was changed meanwhile
+            return answers.wrong;
+        if (!*fits) {
+            count_wrong(who, sender);
+            return answers.wrong;
+        }
+        who.of_sender.erase(sender);
+        who.of_everyone.wrong = 0;
+        if (answers.with_enterprise)
+            answer.bytes(oem_iana);
         return completion::ok;
-    case password_operation::enable:
-        return enable(who);
-    case password_operation::set:
-        return take_password(who, password, is_short);
-    case password_operation::test:
-        return test_password(who, password, is_short);
-    }
-    return completion::invalid_field;
+    };
+    return completion::ok;
 }
+
+uint32_t sender_of(uint32_t machine_account) { return std::min(machine_account, first_spare_account); }
 
 /// Enabling and disabling may come with a password, which nobody looks at.
-completion users::change_password(byte_reader &request, byte_writer &)
+completion users::change_password(byte_reader &request, uint32_t sender, slow_answer &slow)
 {
     constexpr uint8_t is_long = 0x80;
     const uint8_t id = request.u8();
@@ -313,40 +378,43 @@ completion users::change_password(byte_reader &request, byte_writer &)
         return completion::length_invalid;
     if (who->name.empty())
         return completion::not_present;
-    return carry_out(wanted, *who, read_padded(request, size), is_short);
-}
-
-void users::count_failure(account &who)
-{
-    if (++who.failed_checks < failures_that_lock)
-        return;
-    who.failed_checks = 0;
-    who.locked_until = clock.now() + lock_time;
+    switch (wanted) {
+    case password_operation::disable:
+        who->enabled = false;
+        return completion::ok;
+    case password_operation::enable:
+        return enable(*who);
+    case password_operation::set:
+        return take_password(*who, read_padded(request, size), is_short, slow);
+    case password_operation::test:
+        break;
+    }
+    if (is_locked(*who, sender_of(sender)))
+        return user_is_locked;
+    if (is_short != who->short_password)
+        return other_password_size;
+    return try_password(*who, read_padded(request, size), sender_of(sender), {.wrong = password_differs}, slow);
 }
 
 /// A name that nobody has, a user who is disabled or has no password, and a wrong password look alike from outside.
-completion users::check_password(byte_reader &request, byte_writer &answer)
+completion users::check_password(byte_reader &request, uint32_t sender, slow_answer &slow)
 {
     account *const who = find_named(read_padded(request, name_size));
     if (!who || !who->enabled)
         return wrong_password;
-    if (is_locked(*who))
+    if (is_locked(*who, sender_of(sender)))
         return user_is_locked;
-    if (!fits(*who, read_padded(request, long_password_size))) {
-        count_failure(*who);
-        return wrong_password;
-    }
-    who->failed_checks = 0;
-    answer.bytes(oem_iana);
-    return completion::ok;
+    return try_password(*who, read_padded(request, long_password_size), sender_of(sender),
+                        {.wrong = wrong_password, .with_enterprise = true}, slow);
 }
 
+/// For everyone whom he is locked for.
 completion users::unlock(byte_reader &request, byte_writer &answer)
 {
     account *const who = find_named(read_padded(request, name_size));
-    if (!who || !is_locked(*who))
+    if (!who || !is_locked_for_anyone(*who))
         return not_unlocked;
-    who->locked_until = {};
+    forget_guesses(*who);
     answer.bytes(oem_iana);
     return completion::ok;
 }
@@ -363,8 +431,21 @@ completion users::switch_rules(byte_reader &request, byte_writer &answer)
 
 // The state ----------------------------------------------------------------------------------------------------------
 
+/// By one account, of all that tried.
+unsigned most_wrong(const account &who)
+{
+    unsigned most = who.of_everyone.wrong;
+    for (const auto &[sender, made] : who.of_sender)
+        most = std::max(most, made.wrong);
+    return most;
+}
+
 json users::account_to_json(const account &who) const
 {
+    json senders = json::object();
+    for (const auto &[sender, made] : who.of_sender)
+        if (made.wrong != 0 || is_locked(made))
+            senders[std::to_string(sender)] = {{"failed_checks", made.wrong}, {"locked", is_locked(made)}};
     return {{"name", who.name},
             {"privilege", who.privilege},
             {"enabled", who.enabled},
@@ -372,8 +453,9 @@ json users::account_to_json(const account &who) const
             {"link_authentication", who.link_authentication},
             {"messaging", who.messaging},
             {"session_limit", who.session_limit},
-            {"failed_checks", who.failed_checks},
-            {"locked", is_locked(who)},
+            {"failed_checks", most_wrong(who)},
+            {"locked", is_locked_for_anyone(who)},
+            {"senders", senders},
             {"short_password", who.short_password},
             {"password_hash", who.password_hash}};
 }
@@ -412,15 +494,54 @@ void read_password(json_fields &fields, account &who)
 }
 
 /// A lock that is loaded runs for its whole time.
+void users::read_guesses(json_fields &fields, guesses &made) const
+{
+    bool locked = is_locked(made);
+    fields.boolean("locked", locked);
+    if (locked != is_locked(made))
+        made.locked_until = locked_until(locked);
+    fields.number("failed_checks", made.wrong, 0, failures_that_lock - 1);
+}
+
+void users::read_senders(json_fields &fields, const std::string &where, account &who) const
+{
+    const json *const all = fields.find("senders");
+    if (!all)
+        return;
+    if (!all->is_object())
+        fields.refuse("senders", "an object is needed here");
+    std::map<uint32_t, guesses> wanted;
+    for (const auto &[key, part] : all->items()) {
+        uint32_t sender = 0;
+        const auto [stop, error] = std::from_chars(key.data(), key.data() + key.size(), sender);
+        if (error != std::errc{} || stop != key.data() + key.size() || sender > first_spare_account)
+            fields.refuse("senders", text("the number of an account, up to %u, is needed here", first_spare_account));
+        json_fields one(part, where + "/senders/" + key);
+        const auto before = who.of_sender.find(sender);
+        guesses &made = wanted[sender];
+        if (before != who.of_sender.end())
+            made = before->second;
+        read_guesses(one, made);
+        one.done();
+    }
+    who.of_sender = wanted;
+}
+
+/// What is set for the user himself, and is not so for the senders taken together, is set for everyone.
 void users::read_account(const json &json, const std::string &where, account &who) const
 {
     json_fields fields(json, where);
     fields.text("name", who.name, name_size);
-    bool locked = is_locked(who);
-    fields.boolean("locked", locked);
-    if (locked != is_locked(who))
-        who.locked_until = locked ? clock.now() + lock_time : std::chrono::milliseconds(0);
-    fields.number("failed_checks", who.failed_checks, 0, failures_that_lock - 1);
+    read_senders(fields, where, who);
+    const guesses before{most_wrong(who), locked_until(is_locked_for_anyone(who))};
+    guesses wanted = before;
+    read_guesses(fields, wanted);
+    for_everyone(who, [&](guesses &made) {
+        if (wanted.wrong != before.wrong)
+            made.wrong = wanted.wrong;
+        if (wanted.locked_until != before.locked_until)
+            made.locked_until = wanted.locked_until;
+    });
     read_password(fields, who);
     fields.number("privilege", who.privilege, callback, no_access);
     fields.boolean("enabled", who.enabled);
@@ -539,7 +660,7 @@ const command users::table[] = {
      .number = 0x47,
      .name = "Set User Password",
      .length = {2, 2 + long_password_size},
-     .run = call<&users::change_password>,
+     .run_slowly = call_slowly<&users::change_password>,
      .request_words = words_of_password,
      .open = open_first<2>},
     {.netfn = netfn::oem,
@@ -547,7 +668,7 @@ const command users::table[] = {
      .lead = oem(0x11, 0x00),
      .name = "Check User Password",
      .length = {name_size + long_password_size, name_size + long_password_size},
-     .run = call<&users::check_password>,
+     .run_slowly = call_slowly<&users::check_password>,
      .request_words = words_of_name,
      .open = open_first<name_size>},
     {.netfn = netfn::oem,

@@ -172,9 +172,10 @@ private:
     {
         if (make_right)
             put_checksums_right(request);
-        const auto delivered = ipmi.take(request);
-        if (delivered && !spoiled)
-            check_answer(request, delivered->datagram);
+        ipmi.take(request, 0, [&](const std::optional<delivery> &delivered) {
+            if (delivered && !spoiled)
+                check_answer(request, delivered->datagram);
+        });
         clock.advance(std::chrono::milliseconds(0));  // what is to happen behind the answer
     }
 

@@ -5,7 +5,9 @@
 #include "ipmcd/service.h"
 #include "ipmcd/text.h"
 
+#include <deque>
 #include <filesystem>
+#include <functional>
 #include <gtest/gtest.h>
 #include <ostream>
 #include <set>
@@ -24,12 +26,28 @@ public:
     {
         return std::make_unique<still_timer>(*this, std::move(when_due));
     }
+    /// Work is done on the spot, unless a test wants to see what goes on meanwhile: then by `finish_work`.
+    void in_background(uint32_t account, std::function<void()> work, background_result then) override
+    {
+        held.push_back([this, account, work = std::move(work), then = std::move(then)] {
+            scheduler::in_background(account, work, then);
+        });
+        if (!hold_work)
+            finish_work();
+    }
+    void finish_work()
+    {
+        for (; !held.empty(); held.pop_front())
+            held.front()();
+    }
     void advance(std::chrono::milliseconds by)
     {
         time += by;
         for (still_timer *const one : std::set(timers))
             one->run_if_due();
     }
+
+    bool hold_work = false;
 
 private:
     class still_timer final : public timer
@@ -58,6 +76,7 @@ private:
 
     std::chrono::milliseconds time{0};
     std::set<still_timer *> timers;
+    std::deque<std::function<void()>> held;
 };
 
 using bytes = std::vector<uint8_t>;
@@ -80,6 +99,34 @@ inline const reply done{0x00, {}}, done_oem{0x00, {0xD9, 0x7E, 0x00}};
 inline const bytes set_fan_level_60 = {0x00, 0xB0, 0x50, 0x63, 0x14, 0x15, 0x00, 0x00, 0x3C, 0x38};
 inline const bytes level_set = {0x63, 0xB4, 0xE9, 0x00, 0x14, 0x15, 0x00, 0x00, 0xD7};
 
+/// The answer of a board that gives it at once.
+inline reply ask_board(controller &board, uint8_t netfn, uint8_t command, const bytes &data, uint8_t lun = 0,
+                       uint32_t account = 0)
+{
+    request_frame request;
+    request.netfn = netfn;
+    request.lun = lun;
+    request.command = command;
+    request.data = data;
+    std::optional<reply> made;
+    board.execute(request, account, [&made](completion code, std::span<const uint8_t> answer) {
+        made = {.code = uint8_t(code), .data = {}};
+        if (code == completion::ok)
+            made->data.assign(answer.begin(), answer.end());
+    });
+    if (!made)
+        throw std::logic_error("the answer comes later");
+    return *made;
+}
+
+/// What is sent at once in answer to a datagram; none also when that comes later.
+inline std::optional<delivery> take_now(service &ipmi, const bytes &datagram)
+{
+    const auto sent = std::make_shared<std::optional<delivery>>();
+    ipmi.take(datagram, 0, [sent](std::optional<delivery> made) { *sent = std::move(made); });
+    return *sent;
+}
+
 struct board_test : testing::Test {
     explicit board_test(std::span<const family_maker> makers = all_families(),
                         const board_description &described = default_board())
@@ -89,17 +136,13 @@ struct board_test : testing::Test {
 
     reply ask(uint8_t netfn, uint8_t command, const bytes &data, uint8_t lun = 0)
     {
-        byte_writer written;
-        const completion code = board.execute(netfn, lun, command, data, written);
-        reply made{.code = uint8_t(code), .data = {}};
-        if (code == completion::ok)
-            made.data.assign(written.written().begin(), written.written().end());
-        return made;
+        return ask_board(board, netfn, command, data, lun, account);
     }
     json state_of(const char *family) const { return board.to_json()[family]; }
 
     still_clock clock;
     controller board;
+    uint32_t account = 0;  // that asks
 };
 
 /// A folder of its own for each test, removed with all that is in it.

@@ -2,6 +2,7 @@
 #include "tests/ipmcd/process.h"
 
 #include <atomic>
+#include <numeric>
 #include <sys/stat.h>
 #include <thread>
 
@@ -78,6 +79,87 @@ TEST_F(crowd, a_folder_without_room_for_a_new_socket_is_reported_once)
     connect().send(set_fan_level_60);  // the buffer is full: this answer is lost, but makes ipmcd try again
     EXPECT_TRUE(eventually([this] { return traffic()["renewals"] > 0; }));
     expect_answers(100);
+}
+
+/// Check User Password: netFn, checksum and address 00 C0 40 63; the last byte makes the rest sum to 0.
+static bytes check_password(const std::string &name, const std::string &password)
+{
+    bytes frame = {0x00, 0xC0, 0x40, 0x63, 0x14, 0x91, 0xD9, 0x7E, 0x00, 0x11, 0x00};
+    frame.insert(frame.end(), name.begin(), name.end());
+    frame.resize(11 + 16);
+    frame.insert(frame.end(), password.begin(), password.end());
+    frame.resize(11 + 36);
+    frame.push_back(uint8_t(-std::accumulate(frame.begin() + 3, frame.end(), 0)));
+    return frame;
+}
+constexpr size_t code_at = 6;
+
+TEST_F(crowd, passwords_are_checked_while_others_are_served)
+{
+    const auto running = start();
+    client patient = connect(), other = connect();
+    constexpr int checks = 100;
+    for (int i = 0; i < checks; i++)
+        ASSERT_TRUE(patient.send(check_password("admin", "Zentro-admin1")));
+    EXPECT_EQ(other.ask(set_fan_level_60), level_set);
+    int answered = 0;
+    while (patient.receive(0ms))
+        answered++;
+    EXPECT_LT(answered, checks);
+}
+
+TEST_F(crowd, answers_keep_the_order_of_requests)
+{
+    const auto running = start();
+    client patient = connect();
+    ASSERT_TRUE(patient.send(check_password("admin", "Zentro-admin1")));
+    ASSERT_TRUE(patient.send(check_password("admin", "wrong")));
+    ASSERT_TRUE(patient.send(set_fan_level_60));
+    EXPECT_EQ(patient.receive().value_or(bytes(7)).at(code_at), 0x00);
+    EXPECT_EQ(patient.receive().value_or(bytes(7)).at(code_at), 0x82);
+    EXPECT_EQ(patient.receive(), level_set);
+}
+
+TEST_F(crowd, ends_with_passwords_still_to_check)
+{
+    const auto running = start();
+    client patient = connect();
+    for (int i = 0; i < 100; i++)
+        patient.send(check_password("admin", "Zentro-admin1"));
+    ASSERT_TRUE(patient.receive());
+    running->signal(SIGTERM);
+    running->end();
+    EXPECT_EQ(running->status, 0);
+}
+
+/// As another account: whether all of `guesses` get this code.
+static bool others_get(const std::string &port, uid_t account, const std::vector<std::string> &guesses, uint8_t code)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        if (setresuid(account, account, account) != 0)
+            _exit(2);
+        client guessing(port);
+        for (const std::string &guess : guesses)
+            if (guessing.ask(check_password("admin", guess)).value_or(bytes(code_at + 1)).at(code_at) != code)
+                _exit(1);
+        _exit(0);
+    }
+    int status = -1;
+    return waitpid(child, &status, 0) == child && status == 0;
+}
+
+TEST_F(crowd, no_account_locks_out_another)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "takes several accounts";
+    std::filesystem::permissions(folder.path(), std::filesystem::perms(0711));
+    const auto running = start();
+    const std::string port = ipc + "/2001", right = "Zentro-admin1";
+    EXPECT_TRUE(others_get(port, 1000, {"a", "b", "c", "d", "e"}, 0x82));
+    EXPECT_TRUE(others_get(port, 1000, {right}, 0x83));
+    EXPECT_TRUE(others_get(port, 1001, {right}, 0x00));
+    EXPECT_EQ(connect().ask(check_password("admin", right)).value_or(bytes(7)).at(code_at), 0x00);
 }
 
 /// All of them at once.

@@ -32,6 +32,25 @@ public:
         answer.u8(1);
         throw std::runtime_error("stumbled");
     }
+    completion take_time(byte_reader &request, uint32_t account, slow_answer &slow)
+    {
+        const uint8_t what = request.u8();
+        if (what == 0)
+            return completion(0x81);
+        slow.work = [what] {
+            if (what == 1)
+                throw std::runtime_error("stumbled at work");
+        };
+        slow.finish = [what, account](byte_writer &answer) {
+            answer.u8(uint8_t(account));
+            if (what == 2)
+                throw std::runtime_error("stumbled at the end");
+            return completion::ok;
+        };
+        if (what == 3)
+            throw std::runtime_error("stumbled at the beginning");
+        return completion::ok;
+    }
     completion refuse(byte_reader &, byte_writer &answer) { return answer.u8(1), completion(0x81); }
 };
 
@@ -46,6 +65,11 @@ static const command odd_rows[] = {
     {.netfn = 0x30, .number = 2, .name = "Fill", .length = {2, 2}, .run = call<&odd_family::fill>},
     {.netfn = 0x30, .number = 3, .name = "Stumble", .run = call<&odd_family::stumble>},
     {.netfn = 0x30, .number = 4, .name = "Refuse", .run = call<&odd_family::refuse>},
+    {.netfn = 0x30,
+     .number = 6,
+     .name = "Take Time",
+     .length = {1, 1},
+     .run_slowly = call_slowly<&odd_family::take_time>},
 };
 std::span<const command> odd_family::commands() const { return odd_rows; }
 
@@ -103,6 +127,16 @@ TEST_F(dispatch, an_answer_that_does_not_fit_is_no_answer)
 }
 
 TEST_F(dispatch, an_exception_is_an_unspecified_error) { EXPECT_EQ(ask(0x30, 3, {}), (reply{0xFF, {}})); }
+
+TEST_F(dispatch, a_request_may_take_time)
+{
+    account = 7;
+    EXPECT_EQ(ask(0x30, 6, {0}), (reply{0x81, {}}));
+    for (const uint8_t stumbling : bytes{1, 2, 3})
+        EXPECT_EQ(ask(0x30, 6, {stumbling}), (reply{0xFF, {}}));
+    EXPECT_EQ(ask(0x30, 6, {4}), (reply{0x00, {7}}));
+    EXPECT_EQ(ask(0x30, 6, {}), (reply{0xC7, {}}));
+}
 
 TEST_F(dispatch, a_code_of_its_own_is_passed_on) { EXPECT_EQ(ask(0x30, 4, {}), (reply{0x81, {}})); }
 

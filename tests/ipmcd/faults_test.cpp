@@ -108,7 +108,7 @@ struct faulty_service : board_test {
     void fail(const std::string &line) { faults.add(parse(line)); }
     bytes answer_to(const bytes &datagram)
     {
-        const auto answer = ipmi.take(datagram);
+        const auto answer = take_now(ipmi, datagram);
         return answer ? answer->datagram : bytes{0xEE};  // no frame is that short
     }
     bool is_manual() const { return state_of("fans")["mode"] == "manual"; }
@@ -157,7 +157,7 @@ TEST_F(faulty_service, a_reservation_is_cancelled_before_the_request_is_carried_
 TEST_F(faulty_service, a_late_answer_is_whole)
 {
     fail("2C 15 late=250");
-    const auto answer = ipmi.take(set_fan_level_60);
+    const auto answer = take_now(ipmi, set_fan_level_60);
     ASSERT_TRUE(answer);
     EXPECT_EQ(answer->delay.count(), 250);
     EXPECT_EQ(answer->datagram, level_set);

@@ -237,6 +237,166 @@ TEST_F(passwords_of_users, a_lock_that_is_loaded_runs_for_five_minutes)
     EXPECT_EQ(check("guest", "Zentro-guest1"), done_oem);
 }
 
+TEST_F(passwords_of_users, are_tested_no_more_often_than_checked)
+{
+    for (int i = 0; i < 4; i++)
+        EXPECT_EQ(test(4, "wrong"), (reply{0x80, {}}));
+    EXPECT_EQ(test(4, "Zentro-guest1"), done);  // counting starts anew
+    for (int i = 0; i < 3; i++)
+        EXPECT_EQ(test(4, "wrong"), (reply{0x80, {}}));
+    for (int i = 0; i < 2; i++)
+        EXPECT_EQ(check("guest", "wrong"), (reply{0x82, {}}));
+    EXPECT_EQ(test(4, "Zentro-guest1"), (reply{0x83, {}}));
+    EXPECT_EQ(test(4, "wrong"), (reply{0x83, {}}));
+    EXPECT_EQ(ask(0x06, 0x47, with_password({0x04, 3}, "wrong", 16)), (reply{0x83, {}}));
+    EXPECT_EQ(check("guest", "Zentro-guest1"), (reply{0x83, {}}));
+    EXPECT_EQ(test(2, "Zentro-admin1"), done);  // nobody else
+    EXPECT_EQ(set(4, "Marmalade-7"), done);     // an administrator may set one all the same
+    EXPECT_EQ(unlock("guest"), done_oem);
+    EXPECT_EQ(test(4, "Marmalade-7"), done);
+}
+
+TEST_F(passwords_of_users, no_account_locks_a_user_for_another)
+{
+    account = 1000;
+    lock("admin");
+    EXPECT_EQ(check("admin", "Zentro-admin1"), (reply{0x83, {}}));
+    EXPECT_EQ(test(2, "Zentro-admin1"), (reply{0x83, {}}));
+    account = 0;
+    EXPECT_EQ(check("admin", "Zentro-admin1"), done_oem);
+    EXPECT_EQ(test(2, "Zentro-admin1"), done);
+    EXPECT_EQ(check("admin", "wrong"), (reply{0x82, {}}));
+    EXPECT_EQ(state_of("users")["2"]["failed_checks"], 1);
+    EXPECT_EQ(state_of("users")["2"]["locked"], true);
+    EXPECT_EQ(state_of("users")["2"]["senders"].dump(),
+              R"({"0":{"failed_checks":1,"locked":false},"1000":{"failed_checks":0,"locked":true}})");
+    EXPECT_EQ(unlock("admin"), done_oem);  // for everyone
+    EXPECT_EQ(state_of("users")["2"]["senders"].dump(), "{}");
+    account = 1000;
+    EXPECT_EQ(check("admin", "Zentro-admin1"), done_oem);
+}
+
+TEST_F(passwords_of_users, spare_accounts_count_as_one)
+{
+    for (const uint32_t number : {65536U, 65537U, 100000U, 165535U, 4294967295U}) {
+        account = number;
+        EXPECT_EQ(check("admin", "wrong"), (reply{0x82, {}}));
+    }
+    account = 200000;
+    EXPECT_EQ(check("admin", "Zentro-admin1"), (reply{0x83, {}}));
+    account = 65535;
+    EXPECT_EQ(check("admin", "Zentro-admin1"), done_oem);
+}
+
+TEST_F(passwords_of_users, who_guesses_is_part_of_the_state)
+{
+    account = 1000;
+    lock("admin");
+    account = 1001;
+    check("admin", "wrong");
+    controller other(clock);
+    other.from_json(json::parse(board.to_json().dump()));
+    EXPECT_EQ(other.to_json(), board.to_json());
+    const bytes right = name_and_password(0x00, "admin", "Zentro-admin1");
+    EXPECT_EQ(ask_board(other, 0x30, 0x91, right, 0, 1000), (reply{0x83, {}}));
+    EXPECT_EQ(ask_board(other, 0x30, 0x91, right, 0, 0), done_oem);
+    other.from_json({{"users", {{"2", {{"locked", false}}}}}});
+    EXPECT_EQ(ask_board(other, 0x30, 0x91, right, 0, 1000), done_oem);
+}
+
+TEST_F(passwords_of_users, what_a_tester_sets_is_for_every_account)
+{
+    check("admin", "wrong");
+    board.from_json({{"users", {{"2", {{"failed_checks", 4}}}}}});
+    for (const uint32_t number : {0U, 1000U}) {
+        account = number;
+        EXPECT_EQ(check("admin", "wrong"), (reply{0x82, {}}));
+        EXPECT_EQ(check("admin", "Zentro-admin1"), (reply{0x83, {}}));
+    }
+    board.from_json({{"users", {{"2", {{"locked", false}, {"failed_checks", 0}}}}}});
+    board.from_json({{"users", {{"3", {{"locked", true}}}}}});
+    for (const uint32_t number : {0U, 1000U}) {
+        account = number;
+        EXPECT_EQ(check("admin", "Zentro-admin1"), done_oem);
+        EXPECT_EQ(check("operator", "Zentro-operator1"), (reply{0x83, {}}));
+    }
+}
+
+/// Passwords are tried in another thread; what happens meanwhile.
+struct passwords_meanwhile : passwords_of_users {
+    passwords_meanwhile() { clock.hold_work = true; }
+    void start(uint8_t netfn, uint8_t command, const bytes &data)
+    {
+        request_frame request;
+        request.netfn = netfn;
+        request.command = command;
+        request.data = data;
+        board.execute(request, account,
+                      [this](completion code, std::span<const uint8_t>) { codes.push_back(uint8_t(code)); });
+    }
+    void start_check(const std::string &name, const std::string &password)
+    {
+        start(0x30, 0x91, name_and_password(0x00, name, password));
+    }
+
+    bytes codes;
+};
+
+TEST_F(passwords_meanwhile, others_are_served)
+{
+    start_check("admin", "Zentro-admin1");
+    start(0x06, 0x47, with_password({0x82, 3}, "Zentro-admin1"));
+    start(0x06, 0x47, with_password({0x83, 2}, "Marmalade-7"));
+    EXPECT_EQ(codes, bytes{});
+    EXPECT_EQ(ask(0x06, 0x44, {1, 3}).code, 0x00);
+    clock.finish_work();
+    EXPECT_EQ(codes, (bytes{0x00, 0x00, 0x00}));
+    clock.hold_work = false;
+    EXPECT_EQ(check("operator", "Marmalade-7"), done_oem);
+}
+
+TEST_F(passwords_meanwhile, many_guesses_at_a_time_are_worth_five)
+{
+    for (int i = 0; i < 7; i++)
+        start_check("admin", "wrong");
+    start_check("admin", "Zentro-admin1");
+    clock.finish_work();
+    EXPECT_EQ(codes, (bytes{0x82, 0x82, 0x82, 0x82, 0x82, 0x83, 0x83, 0x83}));
+}
+
+TEST_F(passwords_meanwhile, one_that_is_replaced_fits_no_more_and_counts_as_no_guess)
+{
+    start_check("admin", "Zentro-admin1");
+    board.from_json({{"users", {{"2", {{"password_hash", ""}}}}}});
+    clock.finish_work();
+    EXPECT_EQ(codes, bytes{0x82});
+    EXPECT_EQ(state_of("users")["2"]["failed_checks"], 0);
+}
+
+TEST_F(passwords_meanwhile, one_that_is_set_goes_to_nobody_else)
+{
+    start(0x06, 0x47, with_password({0x84, 2}, "Marmalade-7"));
+    set_name(4, "");
+    set_name(4, "other");
+    clock.finish_work();
+    EXPECT_EQ(codes, bytes{0xCB});
+    EXPECT_EQ(state_of("users")["4"]["password_hash"], "");
+}
+
+TEST_F(passwords_meanwhile, the_trace_keeps_request_and_answer_together)
+{
+    const bytes get_name_of_2 = {0x00, 0x18, 0xE8, 0x63, 0x00, 0x46, 0x02, 0x55};
+    const auto both = lines(0x30, 0x91, name_and_password(0x00, "admin", "Zentro-admin1"));
+    EXPECT_EQ(both, expected{});
+    ASSERT_TRUE(take_now(ipmi, get_name_of_2));
+    EXPECT_EQ(shown.at(0), "request 06/46 Get User Name: 02 (user 2)");
+    EXPECT_EQ(shown.size(), 2U);
+    clock.finish_work();
+    ASSERT_EQ(shown.size(), 4U);
+    EXPECT_TRUE(shown[2].starts_with("request 30/91 Check User Password: "));
+    EXPECT_EQ(shown[3], "answer  00 done: D9 7E 00");
+}
+
 TEST_F(passwords_of_users, the_user_of_the_traps_keeps_his_name)
 {
     const bytes to_guest = {0xD9, 0x7E, 0x00, 0x2B, 0x0A, 0x00, 5, 'g', 'u', 'e', 's', 't'};
@@ -257,8 +417,7 @@ TEST_F(passwords_of_users, are_in_the_state_as_hashes_only)
     EXPECT_EQ(saved.find("Marmalade"), std::string::npos);
     controller other(clock);
     other.from_json(json::parse(saved));
-    byte_writer answer;
-    EXPECT_EQ(other.execute(0x30, 0, 0x91, name_and_password(0x00, "admin", "Marmalade-7"), answer), completion::ok);
+    EXPECT_EQ(ask_board(other, 0x30, 0x91, name_and_password(0x00, "admin", "Marmalade-7")), done_oem);
 }
 
 TEST_F(passwords_of_users, never_show)
@@ -275,8 +434,8 @@ TEST_F(passwords_of_users, never_show)
     }
     EXPECT_EQ(commands.answer("show users")["2"].dump(),
               R"({"name":"admin","privilege":4,"enabled":true,"callback_only":false,"link_authentication":false,)"
-              R"("messaging":true,"session_limit":0,"failed_checks":0,"locked":false,"short_password":false,)"
-              R"("has_password":true})");
+              R"("messaging":true,"session_limit":0,"failed_checks":0,"locked":false,"senders":{},)"
+              R"("short_password":false,"has_password":true})");
     EXPECT_EQ(commands.answer("show users")["6"]["has_password"], false);
 }
 
@@ -297,7 +456,12 @@ TEST_F(passwords_of_users, refuse_a_state_that_does_not_fit)
          {json{{"2", {{"password_hash", "plain"}}}}, json{{"2", {{"password_hash", "*0"}}}},
           json{{"2", {{"password_hash", std::string(384, 'a')}}}}, json{{"2", {{"password", "abcdefghij-1234567890"}}}},
           json{{"2", {{"password", "abcdefghij-123456"}, {"short_password", true}}}},
-          json{{"2", {{"failed_checks", 5}}}}, json{{"2", {{"locked", 1}}}}, json{{"password_rules", "on"}}})
+          json{{"2", {{"failed_checks", 5}}}}, json{{"2", {{"senders", 1}}}},
+          json{{"2", {{"senders", {{"x", json::object()}}}}}}, json{{"2", {{"senders", {{"65537", json::object()}}}}}},
+          json{{"2", {{"senders", {{"", json::object()}}}}}},
+          json{{"2", {{"senders", {{"5", {{"failed_checks", 5}}}}}}}},
+          json{{"2", {{"senders", {{"5", {{"tries", 5}}}}}}}}, json{{"2", {{"locked", 1}}}},
+          json{{"password_rules", "on"}}})
         EXPECT_THROW(board.from_json({{"users", wrong}}), bad_state) << wrong;
     EXPECT_EQ(check("admin", "Zentro-admin1"), done_oem);
 }

@@ -160,9 +160,7 @@ struct sensors_of_each_access : sensors {
     reply ask_a(const char *access, uint8_t command, const bytes &data)
     {
         controller other(clock, all_families(), board_with(access));
-        byte_writer written;
-        const completion code = other.execute(0x04, 0, command, data, written);
-        return {uint8_t(code), {}};
+        return {ask_board(other, 0x04, command, data).code, {}};
     }
 };
 

@@ -16,7 +16,7 @@ struct bare_service : board_test {
 TEST_F(bare_service, a_request_is_carried_out_and_answered_at_once)
 {
     // Get User Access, channel 1, user 3: 00+18 = 18, so E8; 63+00+44+01+03 = AB, so 55.
-    const auto answer = ipmi.take(bytes{0x00, 0x18, 0xE8, 0x63, 0x00, 0x44, 0x01, 0x03, 0x55});
+    const auto answer = take_now(ipmi, bytes{0x00, 0x18, 0xE8, 0x63, 0x00, 0x44, 0x01, 0x03, 0x55});
     ASSERT_TRUE(answer);
     EXPECT_EQ(answer->delay.count(), 0);
     // 63+1C = 7F, so 81; 00+00+44+00+11+44+01+13 = AD, so 53.
@@ -26,20 +26,20 @@ TEST_F(bare_service, a_request_is_carried_out_and_answered_at_once)
 TEST_F(bare_service, a_refusal_carries_no_data)
 {
     // 63+00+99 = FC, so 04; 00+00+99+C1 = 15A, so A6.
-    const auto answer = ipmi.take(bytes{0x00, 0x18, 0xE8, 0x63, 0x00, 0x99, 0x04});
+    const auto answer = take_now(ipmi, bytes{0x00, 0x18, 0xE8, 0x63, 0x00, 0x99, 0x04});
     ASSERT_TRUE(answer);
     EXPECT_EQ(answer->datagram, (bytes{0x63, 0x1C, 0x81, 0x00, 0x00, 0x99, 0xC1, 0xA6}));
 }
 
 TEST_F(bare_service, what_is_no_request_is_counted_and_ignored)
 {
-    EXPECT_FALSE(ipmi.take(bytes{}));
-    EXPECT_FALSE(ipmi.take(bytes{0x00, 0x18, 0xE8, 0x63, 0x00, 0x01}));
-    EXPECT_FALSE(ipmi.take(bytes{0x00, 0x18, 0xE9, 0x63, 0x00, 0x01, 0x9C}));
-    EXPECT_FALSE(ipmi.take(bytes{0x00, 0x18, 0xE8, 0x63, 0x00, 0x01, 0x9D}));
-    EXPECT_FALSE(ipmi.take(bytes{0x00, 0x18, 0xE8, 0x63, 0x00, 0x02, 0x9C}));
-    EXPECT_FALSE(ipmi.take(bytes{0x00, 0x1C, 0xE4, 0x63, 0x00, 0x01, 0x9C}));
-    EXPECT_TRUE(ipmi.take(bytes{0x00, 0x18, 0xE8, 0x63, 0x00, 0x01, 0x9C}));
+    EXPECT_FALSE(take_now(ipmi, bytes{}));
+    EXPECT_FALSE(take_now(ipmi, bytes{0x00, 0x18, 0xE8, 0x63, 0x00, 0x01}));
+    EXPECT_FALSE(take_now(ipmi, bytes{0x00, 0x18, 0xE9, 0x63, 0x00, 0x01, 0x9C}));
+    EXPECT_FALSE(take_now(ipmi, bytes{0x00, 0x18, 0xE8, 0x63, 0x00, 0x01, 0x9D}));
+    EXPECT_FALSE(take_now(ipmi, bytes{0x00, 0x18, 0xE8, 0x63, 0x00, 0x02, 0x9C}));
+    EXPECT_FALSE(take_now(ipmi, bytes{0x00, 0x1C, 0xE4, 0x63, 0x00, 0x01, 0x9C}));
+    EXPECT_TRUE(take_now(ipmi, bytes{0x00, 0x18, 0xE8, 0x63, 0x00, 0x01, 0x9C}));
     ipmi.note_undelivered();
     EXPECT_EQ(ipmi.counters().dump(), R"({"requests":1,"answers":1,"undelivered":1,"dropped":0,"renewals":0,)"
                                       R"("ignored":{"too_short":2,"bad_checksum":3,"not_a_request":1}})");
@@ -72,7 +72,7 @@ TEST_F(bare_service, random_data_never_lead_to_a_bad_state)
                 data.resize(i % 248);
                 for (size_t at = lead.size(); at < data.size(); at++)
                     data[at] = i % 3 == 0 ? any_byte() & 0x0F : any_byte();
-                ASSERT_TRUE(ipmi.take(framed(row.netfn, row.number, data))) << row.name << " " << hex(data);
+                ASSERT_TRUE(take_now(ipmi, framed(row.netfn, row.number, data))) << row.name << " " << hex(data);
             }
         }
     }
@@ -89,7 +89,7 @@ TEST_F(bare_service, random_datagrams_do_no_harm)
         bytes datagram(random() % 300);
         for (uint8_t &byte : datagram)
             byte = uint8_t(random());
-        ipmi.take(datagram);
+        take_now(ipmi, datagram);
     }
     const json counted = ipmi.counters();
     EXPECT_EQ(counted["requests"].get<int>() + counted["ignored"]["too_short"].get<int>() +

@@ -84,10 +84,10 @@ TEST_F(traced, faults)
 
 TEST_F(traced, what_is_ignored)
 {
-    ipmi.take(bytes{});
-    ipmi.take(bytes{1, 2});
-    ipmi.take(bytes{1, 2, 3, 4, 5, 6, 7});
-    ipmi.take(bytes{0x00, 0x1C, 0xE4, 0x63, 0x00, 0x01, 0x9C});
+    take_now(ipmi, bytes{});
+    take_now(ipmi, bytes{1, 2});
+    take_now(ipmi, bytes{1, 2, 3, 4, 5, 6, 7});
+    take_now(ipmi, bytes{0x00, 0x1C, 0xE4, 0x63, 0x00, 0x01, 0x9C});
     EXPECT_EQ(shown,
               (expected{"ignored too short", "ignored too short: 01 02", "ignored bad checksum: 01 02 03 04 05 06 **",
                         "ignored not a request: 00 1C E4 63 00 01 **"}));
@@ -110,22 +110,22 @@ TEST_F(traced, damaged_frames_keep_their_secrets)
     std::string masked;
     for (int i = 0; i < 23; i++)
         masked += " **";
-    ASSERT_TRUE(ipmi.take(set_password()));
+    ASSERT_TRUE(take_now(ipmi, set_password()));
     EXPECT_EQ(shown.at(0).find("4D"), std::string::npos);  // M
     shown.clear();
     bytes frame = set_password();
     frame.back() ^= 1;
-    ipmi.take(frame);
+    take_now(ipmi, frame);
     frame = set_password();
     frame[2] ^= 1;
-    ipmi.take(frame);
+    take_now(ipmi, frame);
     frame = set_password();
     frame[5] = 0x46;  // with another command the end is wrong as well
-    ipmi.take(frame);
+    take_now(ipmi, frame);
     frame = set_password();
     frame[1] = 0x1C;  // an answer: 00+1C = 1C, so E4
     frame[2] = 0xE4;
-    ipmi.take(frame);
+    take_now(ipmi, frame);
     EXPECT_EQ(shown, (expected{"ignored bad checksum: 00 18 E8 63 00 47" + masked,
                                "ignored bad checksum: 00 18 E9 63 00 47" + masked,
                                "ignored bad checksum: 00 18 E8 63 00 46" + masked,

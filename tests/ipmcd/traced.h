@@ -20,7 +20,7 @@ struct traced : board_test {
             sum = uint8_t(sum + frame[i]);
         frame.push_back(uint8_t(-sum));
         shown.clear();
-        ipmi.take(frame);
+        take_now(ipmi, frame);
         return shown;
     }
 

@@ -164,10 +164,11 @@ TEST_F(users, names_are_printable)
 TEST_F(users, show_their_state_as_json)
 {
     EXPECT_EQ(state_of("users").size(), 18U);  // one of them: whether the rules of passwords apply
-    EXPECT_EQ(state_of("users")["6"].dump(),
-              R"({"name":"","privilege":15,"enabled":false,"callback_only":false,"link_authentication":false,)"
-              R"("messaging":false,"session_limit":0,"failed_checks":0,"locked":false,"short_password":false,)"
-              R"("password_hash":""})");
+    EXPECT_EQ(
+        state_of("users")["6"].dump(),
+        R"({"name":"","privilege":15,"enabled":false,"callback_only":false,"link_authentication":false,)"
+        R"("messaging":false,"session_limit":0,"failed_checks":0,"locked":false,"senders":{},"short_password":false,)"
+        R"("password_hash":""})");
 }
 
 TEST_F(users, a_state_may_name_some_of_them)

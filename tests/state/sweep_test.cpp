@@ -61,11 +61,8 @@ void note_request(const uint8_t *frame, unsigned length)
 std::vector<uint8_t> answer_to(const uint8_t *frame)
 {
     auto &entry = sent.requests[sent.count - 1];
-    ipmcd::byte_writer written;
-    auto code = uint8_t(asked->execute(frame[1] >> 2, 0, frame[5], {entry.bytes + 2, entry.length - 2U}, written));
-    std::vector<uint8_t> data(written.written().begin(), written.written().end());
-    if (code != 0)
-        data.clear();
+    auto [code, data] =
+        ask_board(*asked, frame[1] >> 2, frame[5], {entry.bytes + 2, entry.bytes + 2 + (entry.length - 2U)});
     entry.answer_length = uint16_t(data.size());
     if (is_wrong() && wrong.is == fault::kind::refused) {
         code = uint8_t(wrong.value);
