@@ -43,6 +43,28 @@ describe_sandbox() {
     done
 }
 
+# Behind describe_sandbox: another platform library, a file or a folder.
+replace_library() {
+    local place=/ipmc/lib
+    [[ -d $1 ]] || place=/ipmc/lib/$library_name
+    sandbox+=(--ro-bind "$1" "$place")
+}
+
+# The loader would only say that it cannot open the file.
+see_to_platform() {
+    local file=$1
+    [[ ! -d $file ]] || file=$file/$library_name
+    [[ $(elf_kind "$file") == "$(elf_kind "$build/bin/cfgtool")" ]] ||
+        die "--platform: $file is not a library for this machine's processor"
+}
+
+# Word size, byte order and processor of a program or library, as the ELF header has them.
+elf_kind() {
+    local octets
+    mapfile -t octets < <(od -An -v -tx1 -w1 -N20 "$1")
+    echo "${octets[*]:0:6} ${octets[*]:18:2}"
+}
+
 # The name of a user number on the controller; nothing when it has none.
 name_of_user() {
     local name number

@@ -550,6 +550,28 @@ class desk(unittest.TestCase):
             self.assertEqual(self.sdrs(*same)["board"], "short-reads")
         self.leave(first)
 
+    # The platform library of a board
+
+    def test_platform_library_is_the_given_one(self):
+        library = f"{BUILD}/lib/libzentro_platform.so.1"
+        (self.folder / "mine").mkdir()
+        shutil.copy(library, self.folder / "mine")
+        for given in (library, self.folder / "mine"):
+            self.output_of("--platform", given, "cmp", library, "/ipmc/lib/libzentro_platform.so.1")
+            self.assertEqual(self.output_of("--platform", given, "cfgtool", "-d", "fanlevel", "-v", "60"), FANLEVEL_60)
+        status, _, _ = self.run_desk("cmp", library, "/ipmc/lib/libzentro_platform.so.1")
+        self.assertEqual(status, 1)  # the desk's own is another
+
+    def test_platform_library_for_another_processor_is_refused(self):
+        library = bytearray(Path(BUILD, "lib/libzentro_platform.so.1").read_bytes())
+        library[18:20] = b"\0\0"  # e_machine: none
+        (self.folder / "other.so").write_bytes(library)
+        (self.folder / "empty.so").write_bytes(b"")
+        for name in ("other.so", "empty.so"):
+            status, out, err = self.run_desk("--platform", self.folder / name, "true")
+            self.assertEqual((status, out), (OWN_FAILURE, b""))
+            self.assertEqual(err, f"desk: --platform: {self.folder}/{name} is not a library for this machine's processor\n")
+
     # The desk's folder
 
     def test_disk_keeps_what_the_user_changed_and_removed(self):
@@ -655,7 +677,8 @@ class desk(unittest.TestCase):
     def test_bad_options(self):
         for words in (["--nosuch"], ["-x"], ["--user"], ["--user", "root"], ["--user=-1"], ["--user", ""],
                       ["--user", "9999999999"], ["--reset", "true"], ["--board"], ["--board", ""],
-                      ["--board=no.such/file"], ["-d", "fanlevel"]):
+                      ["--board=no.such/file"], ["--platform"], ["--platform", ""], ["--platform=no.such/file"],
+                      ["--platform", "/usr"], ["-d", "fanlevel"]):
             status, out, err = self.run_desk(*words)
             self.assertEqual((status, out), (2, b""), words)
             self.assertIn("see ./desk --help", err)
@@ -663,7 +686,7 @@ class desk(unittest.TestCase):
 
     def test_help(self):
         out = self.output_of("--help").decode()
-        for option in ("--user", "--board", "--trace", "--reset", "DESK_DIR", "DESK_BUILD"):
+        for option in ("--user", "--board", "--platform", "--trace", "--reset", "DESK_DIR", "DESK_BUILD"):
             self.assertIn(option, out)
 
     def test_options_end_where_the_command_begins(self):

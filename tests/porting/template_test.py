@@ -157,6 +157,19 @@ class Template(unittest.TestCase):
         self.assertNotRegex("".join(self.cfgtool("")), "bioswriteprotect|Operate with led")
         self.assertNotIn("vlan", "".join(self.cfgtool("-t eth0")))
 
+    def test_the_library_runs_at_the_desk(self):
+        if not (BUILD / "bin/ipmcd").exists():
+            self.skipTest("without ipmcd there is no desk")
+        commands = block_with("./desk --platform").replace("build-desk", str(self.root))
+        with tempfile.TemporaryDirectory(prefix="porting-") as folder:
+            desk = {**os.environ, "DESK_DIR": f"{folder}/desk", "DESK_BUILD": str(BUILD)}
+            done = subprocess.run(["sh", "-ec", commands], cwd=REPOSITORY, env=desk, stdin=subprocess.DEVNULL,
+                                  stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, timeout=TIME_LIMIT_S)
+        self.assertEqual(done.returncode, 0, done.stdout)
+        self.assertIn("ok: ipc_msg_recv: brings the answer of the service\n", done.stdout)
+        self.assertIn(" 0 broken, ", done.stdout)
+        self.assertTrue(done.stdout.endswith("Manual Fan Level:    60%\n"), done.stdout)
+
     def test_an_empty_library_may_name_those_that_have_the_functions(self):
         template = block_with("examples/board_platform.cpp")
         self.addCleanup(self.library.write_bytes, self.library.read_bytes())
