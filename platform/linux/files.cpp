@@ -1,6 +1,7 @@
 #include "platform/linux/files.h"
 
 #include "platform/linux/exported.h"
+#include "platform/linux/system_log.h"
 
 #include <cerrno>
 #include <cstdint>
@@ -102,13 +103,40 @@ bool without_slashes(const char *path, char (&name)[PATH_MAX])
     return true;
 }
 
-/// Nothing is there, or something that a file of ours may replace.
+static const char *kind_of(mode_t mode)
+{
+    switch (mode & S_IFMT) {
+    case S_IFDIR:
+        return "folder";
+    case S_IFIFO:
+        return "FIFO";
+    case S_IFSOCK:
+        return "socket";
+    default:
+        return "device";
+    }
+}
+
+/// Nothing is there, or something that a file of ours may replace. Anything else may have been put there to stop us:
+/// the system's log gets to know who did.
 static bool may_be_replaced(const char *path)
 {
     struct stat about;
     if (lstat(path, &about) != 0)
         return errno == ENOENT;
-    return S_ISREG(about.st_mode) || S_ISLNK(about.st_mode);
+    if (S_ISREG(about.st_mode) || S_ISLNK(about.st_mode))
+        return true;
+    char reason[64];
+    snprintf(reason, sizeof reason, "not written: a %s of user %u is in the way", kind_of(about.st_mode), about.st_uid);
+    log_warning(path, reason);
+    return false;
+}
+
+static void warn_of_failure(const char *path)
+{
+    char reason[128];
+    snprintf(reason, sizeof reason, "not written: %s", strerror(errno));
+    log_warning(path, reason);
 }
 
 bool new_file::name_beside()
@@ -128,8 +156,10 @@ new_file::new_file(const char *path_, mode_t mode) : path(path_)
         if (!name_beside())
             return;
         opened = open(temporary, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode);
-        if (opened < 0 && errno != EEXIST)
+        if (opened < 0 && errno != EEXIST) {
+            warn_of_failure(path);
             return;
+        }
     }
 }
 
@@ -149,6 +179,7 @@ bool new_file::take_place()
     opened = -1;
     if (written && rename(temporary, path) == 0)
         return true;
+    warn_of_failure(path);
     unlink(temporary);
     return false;
 }

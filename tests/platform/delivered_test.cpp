@@ -15,7 +15,11 @@ constexpr unsigned root = 0, administrator = 502;
 class delivered : public test_folder
 {
 protected:
-    delivered() { machine.operation_log = path("operation.log"); }
+    delivered()
+    {
+        machine = {};
+        machine.operation_log = path("operation.log");
+    }
     ~delivered() override
     {
         machine = {};
