@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -26,9 +27,24 @@ static constexpr char help[] =
     "  4            cfgtool could not be run, the document not be written, or an option is unknown\n"
     "  128 + N      signal N ended cfgtool\n";
 
+/// Control characters, which a file name may have, show escaped; those of the second kind, U+0080 to U+009F, are C2 80
+/// to C2 9F in UTF-8.
+static void print_name(FILE *out, const char *name)
+{
+    for (bool is_second = false; *name != '\0'; ++name) {
+        const auto byte = static_cast<unsigned char>(*name);
+        const auto next = static_cast<unsigned char>(name[1]);
+        const bool is_first = byte == 0xC2 && next >= 0x80 && next <= 0x9F;
+        fprintf(out, byte < 0x20 || byte == 0x7F || is_first || is_second ? "\\x%02X" : "%c", byte);
+        is_second = is_first;
+    }
+}
+
 static int fail(const char *what, const char *why)
 {
-    fprintf(stderr, "cfgtool-verdict: %s: %s\n", what, why);
+    fputs("cfgtool-verdict: ", stderr);
+    print_name(stderr, what);
+    fprintf(stderr, ": %s\n", why);
     return status_no_work;
 }
 
@@ -118,11 +134,20 @@ static void fill_standard_descriptors()
             (void)open("/dev/null", O_RDWR);
 }
 
-/// Opened before anything is done; what it held is there until the new document is.
+/// Opened before anything is done; what it held is there until the new document is. A link could lead to any file, and
+/// a FIFO would wait for a reader: both may be somebody else's. Null = said why not.
 static FILE *open_document(const char *path)
 {
-    const int file = open(path, O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
-    return file >= 0 ? fdopen(file, "w") : nullptr;
+    struct stat about;
+    if (lstat(path, &about) == 0 && (S_ISLNK(about.st_mode) || S_ISFIFO(about.st_mode))) {
+        fail(path, "a link or a FIFO is not written to");
+        return nullptr;
+    }
+    const int file = open(path, O_WRONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY, 0666);
+    FILE *const document = file >= 0 ? fdopen(file, "w") : nullptr;
+    if (document == nullptr)
+        fail(path, strerror(errno));
+    return document;
 }
 
 int main(int, char **argv)
@@ -135,7 +160,7 @@ int main(int, char **argv)
         return fputs(help, stdout) >= 0 && fflush(stdout) == 0 ? 0 : status_no_work;
     FILE *const document = taken.json != nullptr ? open_document(taken.json) : stdout;
     if (document == nullptr)
-        return fail(taken.json, strerror(errno));
+        return status_no_work;
 
     const int status = run(taken, document);
     if (status == status_no_work)

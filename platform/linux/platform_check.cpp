@@ -450,6 +450,7 @@ static bool parse_options(int argc, char **argv)
                                    {"log", no_argument, nullptr, 'l'},
                                    {"event-table", required_argument, nullptr, 'e'},
                                    {nullptr, 0, nullptr, 0}};
+    opterr = 0;  // the usage says it all
     for (int choice; (choice = getopt_long(argc, argv, "", known, nullptr)) != -1;) {
         if (choice == 's')
             wanted.service = true;

@@ -684,6 +684,13 @@ class desk(unittest.TestCase):
             self.assertIn("see ./desk --help", err)
         self.assertFalse((self.folder / "desk").exists())
 
+    def test_names_change_no_terminal(self):
+        for words in (["--board=no/\x1b[2J"], ["--\x1b[2J"]):
+            status, out, err = self.run_desk(*words)
+            self.assertEqual((status, out), (2, b""), words)
+            self.assertIn("\\E[2J", err)
+            self.assertNotIn("\x1b", err)
+
     def test_help(self):
         out = self.output_of("--help").decode()
         for option in ("--user", "--board", "--platform", "--trace", "--reset", "DESK_DIR", "DESK_BUILD"):

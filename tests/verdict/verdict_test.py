@@ -410,6 +410,33 @@ class verdict(unittest.TestCase):
         ran = self.run_verdict("--json", "/dev/full", "--tool", tool)
         self.assertEqual((ran.status, ran.err), (4, b"cfgtool-verdict: the document: No space left on device\n"))
 
+    def test_a_document_is_not_written_to_a_link_or_a_fifo(self):
+        tool = self.program("touch " + str(self.folder / "has-run") + "\n")
+        victim, link, fifo = self.folder / "victim", self.folder / "link", self.folder / "fifo"
+        victim.write_text("precious")
+        link.symlink_to(victim)
+        (self.folder / "dangling").symlink_to(self.folder / "made")
+        os.mkfifo(fifo)
+        reader = None
+        for name in ("link", "dangling", "fifo", "fifo"):
+            path = str(self.folder / name)
+            ran = self.run_verdict("--json", path, "--tool", tool)
+            refused = f"cfgtool-verdict: {path}: a link or a FIFO is not written to\n".encode()
+            self.assertEqual((ran.status, ran.err), (4, refused), name)
+            if name == "fifo" and reader is None:
+                reader = os.open(fifo, os.O_RDONLY | os.O_NONBLOCK)
+        os.close(reader)
+        self.assertEqual(victim.read_text(), "precious")
+        self.assertFalse((self.folder / "made").exists())
+        self.assertFalse((self.folder / "has-run").exists(), "it is found out before anything is done")
+
+    def test_names_change_no_terminal(self):
+        name = "/nowhere/\x1b[2J\x7f\x9bü"
+        shown = "cfgtool-verdict: /nowhere/\\x1B[2J\\x7F\\xC2\\x9Bü: No such file or directory\n".encode()
+        for option in ("--json", "--tool"):
+            ran = self.run_verdict(option, name, "-d", "fanlevel")
+            self.assertEqual((ran.status, ran.err), (4, shown))
+
     def test_nobody_reads_the_text(self):
         reader, writer = os.pipe()
         os.close(reader)
