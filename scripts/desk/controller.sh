@@ -48,6 +48,7 @@ start_controller() {
         exec 3>&1 </dev/null >"$own/log" 2>&1
         # shellcheck disable=SC2016  # the shell inside fills in $$ and $@
         exec setsid bwrap "${sandbox[@]}" --bind "$own" /run/ipmcd -- \
+            "$repository/scripts/desk/system-log" /run/zentro/log /data/log/messages \
             sh -c 'echo $$ >/run/ipmcd/pid && exec ipmcd "$@"' \
             sh "${its_board[@]}" --disk / --state "/run/ipmcd/$state" --trace=/run/ipmcd/trace --ready-fd 3
     )

@@ -22,7 +22,7 @@ describe_sandbox() {
     done
     # What the tool runs from there. The machine's own system programs are in /usr/sbin.
     sandbox+=(--ro-bind "$repository/ipmcd/disk/sbin" /sbin)
-    sandbox+=(--proc /proc --dev /dev --symlink ../tmp /var/tmp)
+    sandbox+=(--proc /proc --dev /dev --symlink ../run/zentro/log /dev/log --symlink ../tmp /var/tmp)
 
     for folder in data ipmc web ko tmp; do
         sandbox+=(--bind "$desk/$folder" "/$folder")

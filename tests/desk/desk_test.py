@@ -114,6 +114,31 @@ class desk(unittest.TestCase):
         record = ("2", "root", "console", "Fan", "Set fan level(60) success,EvtCode:0x20E004F0")
         self.assertEqual(self.log_records(), [record])
 
+    def system_log(self, wanted):
+        """What the desk's system log says after the time, once it has `wanted`: it may be a moment late."""
+        log, end = self.folder / "desk/data/log/messages", time.monotonic() + 30
+        while not log.exists() or wanted not in log.read_text():
+            self.assertLess(time.monotonic(), end, f"{wanted} is not logged")
+            time.sleep(0.02)
+        return [line.split("\t", 1)[1] for line in log.read_text().splitlines()]
+
+    def test_records_are_in_the_system_log_too(self):
+        self.output_of("--user", "502", "cfgtool", "-d", "fanlevel", "-v", "60")
+        record = "zentro: 2\tadmin\tconsole\tFan\tSet fan level(60) success,EvtCode:0x20E004F0"
+        self.assertEqual(self.system_log("level(60)"), [record])
+
+    def test_system_log_names_what_is_in_the_way(self):
+        waiting = self.start_waiting()
+        self.output_of("mkfifo", "/tmp/bios.bin")
+        out = self.output_of("cfgtool", "-t", "maintenance", "-d", "downloadbios")
+        self.assertEqual(out, b"Download bios fail\r\n")
+        wanted = "zentro: /tmp/bios.bin: not written: a FIFO of user 0 is in the way"
+        self.assertEqual(self.system_log("bios"), [wanted])
+        self.output_of("perl", "-e", "use Socket; socket(S, AF_UNIX, SOCK_DGRAM, 0); "
+                       "send(S, qq(<13>name\\n\\e[2J), 0, sockaddr_un('/dev/log')) or die")
+        self.assertIn("name\\x0A\\x1B[2J", self.system_log("name"))
+        self.leave(waiting)
+
     def test_log_record_names_user_and_ssh_client(self):
         here = {"SSH_CONNECTION": "192.0.2.7 40022 192.0.2.1 22", "REMOTEHOST": "elsewhere"}
         self.output_of("--user", "502", "cfgtool", "-d", "fanlevel", "-v", "61", environment=here)
