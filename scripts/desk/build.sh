@@ -3,8 +3,12 @@
 
 # Silent when nothing is to do. $build/desk.log has what the compiler said.
 make_programs() {
-    local building log=$build/desk.log
     "$repository/scripts/install-packages" run || die 'it cannot go on without these packages.'
+    build_programs
+}
+
+build_programs() {
+    local building log=$build/desk.log
     mkdir -p "$build"
     exec {building}<"$build"
     flock "$building" # another desk may be building
@@ -34,5 +38,5 @@ show_steps() {
 }
 
 configure() {
-    [[ -f $build/build.ninja ]] || (cd "$repository" && cmake --preset release)
+    [[ -f $build/build.ninja ]] || (cd "$repository" && cmake --preset "$preset" -B "$build")
 }

@@ -703,7 +703,8 @@ class desk(unittest.TestCase):
         for words in (["--nosuch"], ["-x"], ["--user"], ["--user", "root"], ["--user=-1"], ["--user", ""],
                       ["--user", "9999999999"], ["--reset", "true"], ["--board"], ["--board", ""],
                       ["--board=no.such/file"], ["--platform"], ["--platform", ""], ["--platform=no.such/file"],
-                      ["--platform", "/usr"], ["-d", "fanlevel"]):
+                      ["--platform", "/usr"], ["--machine"], ["--machine=ast2500"],
+                      ["--machine=ast2600", "--platform=/etc/passwd", "true"], ["-d", "fanlevel"]):
             status, out, err = self.run_desk(*words)
             self.assertEqual((status, out), (2, b""), words)
             self.assertIn("see ./desk --help", err)
@@ -718,7 +719,8 @@ class desk(unittest.TestCase):
 
     def test_help(self):
         out = self.output_of("--help").decode()
-        for option in ("--user", "--board", "--platform", "--trace", "--reset", "DESK_DIR", "DESK_BUILD"):
+        for option in ("--machine", "--user", "--board", "--platform", "--trace", "--reset", "DESK_DIR",
+                       "DESK_BUILD"):
             self.assertIn(option, out)
 
     def test_options_end_where_the_command_begins(self):
