@@ -57,6 +57,16 @@ const node *node::find(const char *name) const
     return nullptr;
 }
 
+const char *in_digits(double number, char (&to)[32])
+{
+    const bool is_small = number > -1e9 && number < 1e9;
+    if (is_small && int32_t(number) == number)
+        snprintf(to, sizeof to, "%d", int32_t(number));
+    else
+        snprintf(to, sizeof to, "%.15g", number);  // as many digits as every double keeps
+    return to;
+}
+
 // JSON --------------------------------------------------------------------------------------------------------------
 
 static void print_value(FILE *out, const node &value);
@@ -68,8 +78,7 @@ static void print_members(FILE *out, const node &value, const char *brackets)
         if (member != value.first)
             fputc(',', out);
         if (member->key != nullptr) {
-            print_json(out, member->key);
-            fputc(':', out);
+            fprintf(out, "\"%s\":", member->key);  // our own, all plain
         }
         print_value(out, *member);
     }
@@ -78,6 +87,7 @@ static void print_members(FILE *out, const node &value, const char *brackets)
 
 static void print_value(FILE *out, const node &value)
 {
+    char digits[32];
     switch (value.is) {
     case node::kind::null:
         fputs("null", out);
@@ -86,7 +96,7 @@ static void print_value(FILE *out, const node &value)
         fputs(value.truth ? "true" : "false", out);
         break;
     case node::kind::number:
-        fprintf(out, "%.15g", value.number);  // as many digits as every double keeps
+        fputs(in_digits(value.number, digits), out);
         break;
     case node::kind::text:
         print_json(out, value.text);

@@ -45,6 +45,9 @@ private:
 /// A copy for the rest of the run.
 const char *keep(const char *text);
 
+/// A number as both show it.
+const char *in_digits(double number, char (&to)[32]);
+
 /// One JSON document, on one line.
 void print_json(FILE *out, const node &document);
 

@@ -15,12 +15,13 @@ using cell = char[128];
 
 static void show(const node *value, cell &to)
 {
+    char digits[32];
     if (value == nullptr)
         strcpy(to, "?");
     else if (value->is == node::kind::truth)
         strcpy(to, value->truth ? "yes" : "no");
     else if (value->is == node::kind::number)
-        snprintf(to, sizeof to, "%.15g", value->number);
+        strcpy(to, in_digits(value->number, digits));
     else if (value->is == node::kind::text)
         printable(value->text, to);
     else

@@ -27,10 +27,25 @@ static size_t character_length(std::string_view text)
     return 4;
 }
 
+/// How many characters at the beginning of the text are ASCII and stand for themselves.
+static size_t plain_length(std::string_view text)
+{
+    const auto is_plain = [](char c) { return uint8_t(c) >= 0x20 && uint8_t(c) <= 0x7F && c != '"' && c != '\\'; };
+    size_t length = 0;
+    while (length < text.size() && is_plain(text[length]))
+        ++length;
+    return length;
+}
+
 void print_json(FILE *out, std::string_view text)
 {
     fputc('"', out);
-    while (!text.empty()) {
+    for (;;) {
+        const size_t plain = plain_length(text);
+        fwrite(text.data(), 1, plain, out);
+        text.remove_prefix(plain);
+        if (text.empty())
+            break;
         const size_t length = character_length(text);
         if (length == 0)
             fputs("\\ufffd", out);
