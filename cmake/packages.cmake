@@ -36,7 +36,7 @@ An operator who is logged in to an IPMI management controller types one
 cfgtool command for each change: fans, power, boot, users, network, traps,
 sensors, firmware. It checks the words and the privilege, asks before anything
 dangerous, talks to the controller's IPMI service and writes the operation
-log.")
+log. cfgtool-state shows how the controller is set and changes nothing.")
 
 set(CPACK_DEBIAN_PLATFORM_PACKAGE_NAME libzentro-platform1)
 set(CPACK_DEBIAN_PLATFORM_PACKAGE_SECTION libs)

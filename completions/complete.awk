@@ -184,8 +184,20 @@ function offer_column(list,    choice, count, n) {
     for (n = 1; n <= count; n++)
         if (choice[n] in files)
             offer("", files[choice[n]])
+        else if (choice[n] == "SENSOR")
+            offer_sensors()
         else if (!is_any(choice[n]))
             offer(word_of(choice[n]), substr(choice[n], length(word_of(choice[n])) + 2))
+}
+
+# By the names that the controller gives them now; none where it does not answer soon. A name that would have to be escaped
+# is left out.
+function offer_sensors(    document) {
+    "timeout 2 cfgtool-state --json sensors </dev/null 2>/dev/null" | getline document
+    while (match(document, /\{"name":"[^"\\]+","number":/)) {
+        offer(substr(document, RSTART + 9, RLENGTH - 20), "sensor")
+        document = substr(document, RSTART + RLENGTH)
+    }
 }
 
 function word_of(choice) {

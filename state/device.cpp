@@ -12,8 +12,7 @@ const reply &device_id()
 
 bool read_device(report &to, node &area)
 {
-    for (const char *what :
-         {"device.remote_manage_id", "device.serial_direction", "device.serial_number", "device.web_host"})
+    for (const char *what : {"device.remote_manage_id", "device.serial_direction", "device.web_host"})
         to.cannot_read(what);
     const reply &got = device_id();
     if (!got.ok())

@@ -38,7 +38,7 @@ describe_sandbox() {
     if [[ -n $logname ]]; then
         sandbox+=(--setenv LOGNAME "$logname" --setenv USER "$logname")
     fi
-    for name in TERM SSH_CONNECTION REMOTEHOST ASAN_OPTIONS LSAN_OPTIONS UBSAN_OPTIONS; do
+    for name in TERM NO_COLOR SSH_CONNECTION REMOTEHOST ASAN_OPTIONS LSAN_OPTIONS UBSAN_OPTIONS; do
         [[ ! -v $name ]] || sandbox+=(--setenv "$name" "${!name}")
     done
 }

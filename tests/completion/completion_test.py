@@ -5,6 +5,7 @@ A desk of its own each time, with the programs of $DESK_BUILD (default: build in
 """
 
 import fcntl
+import json
 import os
 import pty
 import re
@@ -60,7 +61,7 @@ def commands():
 SAMPLES = {
     "ADDRESS": "192.0.2.5", "COUNT": "1", "DATE": "2026-11-21", "HOST": "board", "ID": "5",
     "IMAGE": "/tmp/none.bin", "MASK": "255.255.255.0", "NAME": "admin", "OEM": "oem1", "OFF": "10", "ON": "10",
-    "PATH": "/tmp/none.hpm", "PERCENT": "60", "PORT": "8443", "SECONDS": "20", "TIME": "12:00:00", "VALUE": "50",
+    "PATH": "/tmp/none.hpm", "PERCENT": "60", "PORT": "8443", "SECONDS": "20", "SENSOR": "CPU1 Temp", "TIME": "12:00:00", "VALUE": "50",
     "ZONE": "+1:00",
 }  # fmt: skip
 OWN_SAMPLES = {("eth0", "ipaddr6"): {"ADDRESS": "2001:db8::5/64"}, ("-", "ipmctime"): {"ZONE": "1"}}
@@ -161,6 +162,17 @@ class tables(unittest.TestCase):
                     values[number] = samples.get(word, word)
                     shown = run("cfgtool", *command_words(target, name), "-v", *values)
                     self.assertNotRegex(shown, r"cfgtool -|nput parameter|must be|out of range", (target, name, values))
+
+    def test_sensors_are_those_that_the_controller_shows(self):
+        document = json.loads(run("cfgtool-state", "--json", "sensors"))
+        names = [sensor["name"] for sensor in document["sensors"]]
+        self.assertEqual(len(names), 61)
+        for command in commands():
+            if command[1] == "sensor":
+                self.assertEqual(words_offered(*command, "-v"), names)
+        run("ipmcd", "--ask", "fail any any silence count=99")
+        self.assertEqual(words_offered("-t", "sensor", "-d", "test", "-v"), [])
+        run("ipmcd", "--ask", "fail clear")
 
     def test_forms_go_on_as_they_began(self):
         colours = ["1", "2", "3", "4", "5", "6", "0xE", "0xF"]
@@ -317,6 +329,13 @@ class in_shell:
             ("-t led -d ledstate -v ledall \t", "-t led -d ledstate -v ledall lamptest"),
             ("-t trap -d user -v \t", "-t trap -d user -v"),
             ("-t sensor -d test -v 'CPU1 Temp' \t", "-t sensor -d test -v CPU1 Temp stop"),
+            ("-t sensor -d test -v Inl\t", "-t sensor -d test -v Inlet Temp"),
+            ("-t sensor -d test -v Inl\t \t", "-t sensor -d test -v Inlet Temp stop"),
+            ("-t sensor -d test -v CPU1\\ T\t", "-t sensor -d test -v CPU1 Temp"),
+            ("-t sensor -d test -v 'CPU1 T\t", "-t sensor -d test -v CPU1 Temp"),
+            ('-t sensor -d test -v "CPU1 T\t', "-t sensor -d test -v CPU1 Temp"),
+            ("-t sensor -d uppercritical -v 12\t", "-t sensor -d uppercritical -v 12V"),
+            ("-t sensor -d uppercritical -v Nothing\t", "-t sensor -d uppercritical -v Nothing"),
             ("-d upgrade -v /tmp/image.\t", "-d upgrade -v /tmp/image.hpm"),
             ("-d upgrade -v /tmp/image.\t \t", "-d upgrade -v /tmp/image.hpm"),
             ("-d upgrade -v image.\t", "-d upgrade -v image."),  # has to be an absolute path
@@ -326,6 +345,19 @@ class in_shell:
         ]:
             with self.subTest(typed=typed):
                 self.assertEqual(" ".join(terminal.line_after("cfgtool " + typed)), expected)
+
+    def test_tab_completes_areas(self):
+        terminal = self.open()
+        for typed, expected in [
+            ("fa\t", "fans"),
+            ("fans e\t", "fans event-log"),
+            ("--j\t fa\t", "--json fans"),
+            ("x\t", "x"),
+        ]:
+            with self.subTest(typed=typed):
+                terminal.type(f"cfgtool-state {typed}\x01printf '<%s>' \n")
+                found = terminal.until(r"<cfgtool-state>((?:<[^<>]*>)*)[^<]")[1]
+                self.assertEqual(" ".join(re.findall("<([^<>]*)>", found)), expected)
 
     def test_tab_leaves_out_what_the_blacklist_disables(self):
         terminal = self.open()

@@ -17,7 +17,7 @@ arguments.add_argument("--library", required=True)
 arguments.add_argument("programs", nargs="+")
 given = arguments.parse_args()
 
-delivered_folders = re.compile(r"(cfgtool|platform|ipmcd)/")
+delivered_folders = re.compile(r"(cfgtool|platform|ipmcd|state|verdict)/")
 
 
 def readelf(option, path):

@@ -192,6 +192,9 @@ class examples(unittest.TestCase):
     def test_cfgtool(self):
         self.play("cfgtool.8.scd")
 
+    def test_state(self):
+        self.play("cfgtool-state.8.scd")
+
     def test_verdict(self):
         self.play("cfgtool-verdict.1.scd")
 

@@ -23,6 +23,7 @@ PROGRAMS = {
     "./check": ["check"],
     "./desk": ["desk"],
     "ipmcd": ["ipmcd/options.cpp", "ipmcd/main.cpp"],
+    "cfgtool-state": ["state/main.cpp"],
     "platform-check": ["platform/linux/platform_check.cpp"],
     "tests/transcript.py": ["tests/transcript.py"],
     "tests/faults/play": ["tests/faults/grid.cpp"],

@@ -4,6 +4,7 @@
 import json
 import os
 import pty
+import re
 import subprocess
 import sys
 import unittest
@@ -20,6 +21,11 @@ STATE = os.environ["CFGTOOL_STATE"]
 PLATFORM = os.environ["SCRIPTED_PLATFORM_LIBRARY"]
 
 VALIDATOR = jsonschema.Draft202012Validator(SCHEMA, format_checker=jsonschema.FormatChecker())
+
+
+def libraries():
+    """What of the environment a program of this build needs."""
+    return {name: value for name, value in os.environ.items() if name.endswith("SAN_OPTIONS")}
 
 
 def transcripts():
@@ -90,6 +96,50 @@ class documents_fit(unittest.TestCase):
             self.assertFalse(VALIDATOR.is_valid(document), document)
 
 
+ROOT = HERE.parents[1]
+AREAS = ["device", "power", "boot", "fans", "leds", "clock", "network", "users", "sensors", "traps", "event-log"]
+
+
+class pages(unittest.TestCase):
+    """What is said of it."""
+
+    def test_help_manual_and_completion_have_every_area(self):
+        helped = subprocess.run([STATE, "--help"], env=libraries(), capture_output=True, text=True, check=True).stdout
+        areas = helped.partition("Areas:\n")[2].partition("Options:\n")[0]
+        self.assertEqual(set(re.findall(r"(?:^|  )([a-z-]+) {2,}", areas, re.M)), set(AREAS))
+        offered = [line.split("\t")[0] for line in (ROOT / "completions/state-words").read_text().splitlines()]
+        self.assertEqual(offered, AREAS + re.findall(r"^  (--[a-z]+) ", helped, re.M))
+        manual = (ROOT / "man/cfgtool-state.8.scd").read_text()
+        section = manual.partition("# AREAS\n")[2].partition("\n# ")[0]
+        self.assertEqual(re.findall(r"^\*([a-z-]+)\*$", section, re.M), AREAS)
+
+    def table(self):
+        """[(dataitems, where they show)] of the page's table."""
+        page = (ROOT / "docs/state.md").read_text().partition("## Which command changes what")[2].partition("\n## ")[0]
+        rows = re.findall(r"^\| (`.*?) \| (.*) \|$", page, re.M)
+        return [(re.findall("`(.*?)`", names), places) for names, places in rows], page.rpartition("|")[2]
+
+    def test_the_page_leaves_no_dataitem_out(self):
+        rows, others = self.table()
+        named = [name for names, _ in rows for name in names] + re.findall("`(.*?)`", others.replace("\n", " "))
+        lines = (ROOT / "completions/dataitems").read_text().splitlines()
+        every = [line.split("\t")[:2] for line in lines if not line.startswith(("#", "target"))]
+        self.assertEqual(sorted(named), sorted(name if target == "-" else f"{target} {name}" for target, name in every))
+
+    def test_each_place_is_a_key_or_is_named_as_unreadable(self):
+        keys = set(keys_in(SCHEMA))
+        unreadable = {path for _, document in documents() for path in document["unreadable"] if "[" not in path}
+        mentioned = set()
+        for names, places in self.table()[0]:
+            readable, _, rest = places.partition("unreadable: ")
+            for path in re.findall("`([a-z0-9_.]+)`", readable):
+                self.assertIn(path, keys, names)
+            for path in re.findall("`([a-z0-9_.]+)`", rest):
+                self.assertIn(path, unreadable, names)
+                mentioned.add(path)
+        self.assertEqual(mentioned, unreadable)
+
+
 CROSSED = "sensors: the table, with a mark where a threshold is crossed"
 
 
@@ -98,7 +148,7 @@ def show(one, words=("sensors",), environment=None, on_terminal=True):
     script = "\n".join(["uid 0", "root /nowhere", *one.script]) + "\n"
     descriptors = runner.write_to_memory(script.encode()), runner.write_to_memory()
     env = {"LD_PRELOAD": PLATFORM, "SCRIPTED_PLATFORM": "{},{}".format(*descriptors), **(environment or {})}
-    env.update({name: value for name, value in os.environ.items() if name.endswith("SAN_OPTIONS")})
+    env.update(libraries())
     reader, writer = pty.openpty() if on_terminal else os.pipe()
     with subprocess.Popen([STATE, *words], env=env, pass_fds=descriptors, stdout=writer) as process:
         os.close(writer)

@@ -132,7 +132,7 @@ $ cfgtool-state --json device sensors
 > 06 01                        < 00 DEVICE
 > 0A 23  00 00 00 00 00 FF     < 00 FF FF 01 00 51 01 2E VOLT
 > 04 2D  12                    < 00 C9 C0 C0
-| {"format":1,"device":{"id":32,"revision":1,"firmware":"1.00","ipmi":"2.0","manufacturer":32473,"product":1},"sensors":[{"name":"12V","number":18,"unit":"volts","reading":12.06,"thresholds":null,"hysteresis":null,"state":"ok"}],"unreadable":["device.remote_manage_id","device.serial_direction","device.serial_number","device.web_host","sensors.test"]}
+| {"format":1,"device":{"id":32,"revision":1,"firmware":"1.00","ipmi":"2.0","manufacturer":32473,"product":1},"sensors":[{"name":"12V","number":18,"unit":"volts","reading":12.06,"thresholds":null,"hysteresis":null,"state":"ok"}],"unreadable":["device.remote_manage_id","device.serial_direction","device.web_host","sensors.test"]}
 
 # sensors: records that are refused in one piece come in several, under a reservation
 $ cfgtool-state --json sensors
