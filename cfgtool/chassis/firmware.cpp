@@ -209,7 +209,7 @@ static void finish()
     if (got.refused())
         fail("Finish upgrade failed, error code: 0x%X", got.error_code(0x06));
     log_change(module, "Finish upgrade firmware(%s) fail,EvtCode:0x20B00B61", component);
-    fail_because(got.error_code(), "finish upgrade failed!");
+    fail_because(got.error_code(0x06), "finish upgrade failed!");
 }
 
 /// From here on to its end the tool can be neither interrupted nor suspended from the terminal.

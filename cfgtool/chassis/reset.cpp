@@ -50,6 +50,8 @@ static void wait_for_erasure(uint16_t reservation)
         vos_task_delay_us(100000);
         say_now(".");
         const ipmi_answer got = exchange(clear_sel(reservation, get_erasure_status));
+        if (!got.ok())
+            fail_silently(got.error_code());
         if (!got.ok() || (ipmi_reader(got.data).u8() & 0x3F) == erasure_completed)
             return;
     }

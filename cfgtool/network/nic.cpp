@@ -76,7 +76,8 @@ int eth0_mode(const invocation &typed)
         return fail("Set eth0 state failed, error code: 0x%X", g_error_code);  // Kept: "state"
     const ipmi_answer got = exchange(set_oem_lan_parameter(lan_channel, nic_mode_selector).u8(mode->code));
     if (got.refused_with(state_not_supported))
-        return fail("Curret state is not supported, please wait!");  // Kept: spelled so
+        return fail_because(got.error_code(nic_mode_selector),
+                            "Curret state is not supported, please wait!");  // Kept: spelled so
     if (!got.ok())
         return fail("Set eth0 mode failed, error code: 0x%X", got.error_code(nic_mode_selector));
     bracket.close();
@@ -109,8 +110,9 @@ int eth0_sideband(const invocation &typed)
         return refuse_without_card(port_count);
 
     const ipmi_answer got = exchange(set_sideband_port(uint8_t(index)));
-    if (!got.ok())  // Kept: never g_error_code
-        return fail("Set sideband enable port failed, error code: 0x%X", got.composite_code());
+    if (!got.ok())  // Kept: never shows g_error_code
+        return fail_because(got.error_code(), "Set sideband enable port failed, error code: 0x%X",
+                            got.composite_code());
     done("Set sideband enable port success!");
     log_change("Network", "Set shared Eth destination port(%s) success,EvtCode:0x212006E0", typed.value(0));
     return 1;
@@ -135,8 +137,9 @@ int eth0_vlan(const invocation &typed)
     if (!bracket.opened())
         return fail(failure, g_error_code);
     const auto value = uint16_t(off ? 0 : id | enabled);
-    if (!exchange(set_lan_parameter(lan_channel, vlan_id_selector).u16le(value)).ok())
-        return fail(failure, g_error_code);  // Kept: also for a refusal, which does not set it
+    const ipmi_answer got = exchange(set_lan_parameter(lan_channel, vlan_id_selector).u16le(value));
+    if (!got.ok())  // Kept: shows g_error_code also for a refusal, which does not set it
+        return fail_because(got.error_code(vlan_id_selector), failure, g_error_code);
     bracket.close();
     done("Set eth0 vlan success.");
     log_change("Network", "%s Eth Vlan ID(%d) success,EvtCode:0x21200CB0", off ? "Disable" : "Enable", int(id));
@@ -153,7 +156,7 @@ static bool reset_sideband_port()
     static constexpr uint8_t no_port_named = 0xFF, parameter_out_of_range = 0xC9;
     const ipmi_answer got = exchange(set_sideband_port(no_port_named));
     if (got.refused_with(parameter_out_of_range))
-        fail("Eth1 can not been enabled or disabled!");
+        fail_because(got.error_code(oem_selector), "Eth1 can not been enabled or disabled!");
     else if (!got.ok())
         fail(eth1_state_failure, got.error_code(oem_selector));
     return got.ok();
@@ -173,7 +176,7 @@ int eth1_state(const invocation &typed)
         return fail(eth1_state_failure, g_error_code);
     const ipmi_answer got = exchange(set_oem_lan_parameter(shared_lan_channel, shared_port_selector).u8(enable));
     if (got.refused_with(last_enabled_port))
-        return fail("Make sure one network port enabled at least!");
+        return fail_because(got.error_code(shared_port_selector), "Make sure one network port enabled at least!");
     if (!got.ok())
         return fail(eth1_state_failure, got.error_code(shared_port_selector));
     if (enable && !reset_sideband_port())  // the state stays as it was set

@@ -101,14 +101,13 @@ static int set_ipv4_address(const lan_port &port, lan_bracket &bracket, const ch
     const ipmi_answer got = exchange(set_lan_parameter(port.channel, ip_address).u32be(address));
     if (!got.ok())
         return write_failed(bracket, got,
-                            [&] { fail("Set %s failed, error code: 0x%X", "IP address", got.error_code(ip_address)); });
+                            [&] { fail("Set IP address failed, error code: 0x%X", got.error_code(ip_address)); });
     log_change("Network", "Set %s IPv4 address(%s) success,EvtCode:0x21200650", port.log_word, address_text);
 
     const ipmi_answer masked = exchange(set_lan_parameter(port.channel, subnet_mask).u32be(mask));
     if (!masked.ok())  // the address stays in force
         return write_failed(bracket, masked, [&] {
-            fail("Set %s  failed, error code: 0x%X", "MASK address",
-                 masked.error_code(subnet_mask));  // Kept: two blanks
+            fail("Set MASK address  failed, error code: 0x%X", masked.error_code(subnet_mask));  // Kept: two blanks
         });
     log_change("Network", "Set %s IPv4 submask(%s) success,EvtCode:0x21200660", port.log_word, mask_text);
     done("Set IP address %s successfully.", address_text);
@@ -173,11 +172,13 @@ static int set_ipv6_address(const lan_port &port, lan_bracket &bracket, const ch
 
     const ipmi_answer prefixed =
         exchange(set_oem_lan_parameter(port.channel, ipv6_prefix_length).u8(uint8_t(prefix_length)));
-    if (!prefixed.ok())
+    if (!prefixed.ok()) {
+        const uint32_t code = prefixed.error_code(ipv6_prefix_length);
         return write_failed(bracket, prefixed, [&] {
-            // Kept: never g_error_code. Without an answer the completion code shown is that of the address.
-            fail("Set IP address, error code: 0x%X", prefixed.composite_code(ipv6_prefix_length));
+            // Kept: never shows g_error_code. Without an answer the completion code shown is that of the address.
+            fail_because(code, "Set IP address, error code: 0x%X", prefixed.composite_code(ipv6_prefix_length));
         });
+    }
     log_change("Network", "Set %s IPv6 prefix length(%d) success,EvtCode:0x212006A0", port.log_word, prefix_length);
     done("Set IPv6 address successfully.");
     return 1;

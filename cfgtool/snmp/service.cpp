@@ -90,6 +90,8 @@ int service_state(const invocation &typed)
         log_change(module, "%s %s service fail,EvtCode:0x202001A1", action, name);
         return 0;
     }
+    if (got.unanswered())
+        fail_silently(got.error_code());
     log_change(module, "%s %s service success,EvtCode:0x202001A0", action, name);  // Kept: also without an answer
     done("Set %s service state success.", name);
     return 1;
@@ -153,6 +155,8 @@ int service_port(const invocation &typed)
         fail("Set service port failed, error code: 0x%X.", got.error_code());
         return port_failed(port_kind, port);
     }
+    if (got.unanswered())
+        fail_silently(got.error_code());
     log_port_set(port_kind, port);  // Kept: also without an answer
     done("Set %s service port to %d success.", name, int32_t(port));
     return 1;

@@ -134,7 +134,7 @@ int trap_version(const invocation &typed)
         return fail("Set trap version, error code: 0x%X", g_error_code);
     const ipmi_answer got = exchange(set_oem_lan_parameter(lan_channel, version_selector).u8(code));
     if (got.unanswered())
-        return fail("Set trap %s failed,error code: 0x%X", version, g_error_code);  // Kept: no blank, as elsewhere
+        return fail("Set trap %s failed,error code: 0x%X", version, got.error_code());  // Kept: no blank, as elsewhere
     if (!got.ok())
         return fail("Set trap %s failed, error code: 0x%X", version, got.error_code(version_selector));
     bracket.close();
@@ -166,7 +166,7 @@ int trap_user(const invocation &typed)
     const char *name = typed.value(0);
     const ipmi_answer got = exchange(set_trap_user(name, strlen(name)));
     if (got.unanswered())
-        return fail("Set trap username %s failed,error code: 0x%X", name, g_error_code);
+        return fail("Set trap username %s failed,error code: 0x%X", name, got.error_code());
     if (!got.ok())
         return fail("Set trap username %s failed, error code: 0x%X", name, got.error_code(oem_selector));
     done("Set trap username %s success.", name);
@@ -191,7 +191,7 @@ int trap_auth_priv_protocol(const invocation &typed)
     const ipmi_answer got =
         exchange(ipmi_request(netfn_oem, 0x93).oem().u8(0x2B).u8(0x09).u8(0x00).u8(uint8_t(option)));
     if (got.unanswered())
-        return fail("Set trap auth_priv_protocol %d failed,error code: 0x%X", option, g_error_code);
+        return fail("Set trap auth_priv_protocol %d failed,error code: 0x%X", option, got.error_code());
     if (!got.ok())
         return fail("Set trap auth_priv_protocol %d failed, error code: 0x%X", option, got.error_code(oem_selector));
     done("Set trap auth_priv_protocol %d success.", option);
@@ -222,7 +222,7 @@ int trap_severity(const invocation &typed)
         return fail("Set trap severity, error code: 0x%X", g_error_code);
     const ipmi_answer got = exchange(set_oem_lan_parameter(lan_channel, severity_selector).u8(0x00).u8(severity));
     if (got.unanswered())
-        return fail("Set trap severity failed,error code: 0x%X", g_error_code);
+        return fail("Set trap severity failed,error code: 0x%X", got.error_code());
     if (!got.ok())
         return fail("Set trap severity failed, error code: 0x%X", got.error_code(severity_selector));
     bracket.close();
@@ -252,7 +252,7 @@ int trap_mode(const invocation &typed)
     const char *word = mode == 0 ? "Event Code" : "OID";
     const ipmi_answer got = exchange(set_trap_mode(uint8_t(mode)));
     if (got.unanswered())
-        return fail("Set trap mode %d failed,error code: 0x%X", mode, g_error_code);
+        return fail("Set trap mode %d failed,error code: 0x%X", mode, got.error_code());
     if (!got.ok())
         return fail("Set trap mode %d failed, error code: 0x%X", mode, got.error_code(oem_selector));
     done("Set trap mode %s success.", word);

@@ -117,7 +117,7 @@ int trap_port(const invocation &typed)
     const ipmi_answer got =
         exchange(set_oem_lan_parameter(lan_channel, destination_port).u8(destination).u16le(uint16_t(port)));
     if (got.unanswered())
-        return fail("Set trap port failed,error code: 0x%X", g_error_code);  // Kept: no blank after the comma
+        return fail("Set trap port failed,error code: 0x%X", got.error_code());  // Kept: no blank after the comma
     if (!got.ok())
         return fail("Set trap port failed, error code: 0x%X", got.error_code(destination_port));
     log_change("Alert", "Set trap destination%d port success,EvtCode:0x213007E0", destination);
@@ -139,7 +139,7 @@ int set_trap_state(uint8_t state, const char *word)
         return fail("Set trap state, error code: 0x%X", g_error_code);
     const ipmi_answer got = exchange(set_oem_lan_parameter(lan_channel, trap_enable).u8(state));
     if (got.unanswered())
-        return fail("Set trap %s failed,error code: 0x%X", word, g_error_code);
+        return fail("Set trap %s failed,error code: 0x%X", word, got.error_code());
     if (!got.ok())
         return fail("Set trap %s failed, error code: 0x%X", word, got.error_code(trap_enable));
     bracket.close();
@@ -168,7 +168,7 @@ int set_trap_dest_state(uint32_t destination, uint8_t state, const char *word)
                                          .u16le(destination_bit(destination, 1))
                                          .u16le(destination_bit(destination, state)));
     if (got.unanswered())
-        return fail("Set trap dest%d %s failed,error code: 0x%X", number, word, g_error_code);
+        return fail("Set trap dest%d %s failed,error code: 0x%X", number, word, got.error_code());
     if (!got.ok())
         return fail("Set trap dest%d %s failed, error code: 0x%X", number, word, got.error_code(destination_enable));
     bracket.close();

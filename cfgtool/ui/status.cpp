@@ -54,8 +54,9 @@ void open_status()
     if (given <= STDERR_FILENO || !is_for_writing(given) || fstat(given, &about) != 0)
         return;
     is_socket = S_ISSOCK(about.st_mode);
-    if ((!is_socket && !S_ISFIFO(about.st_mode)) || fcntl(given, F_SETFD, FD_CLOEXEC) != 0)
+    if (!is_socket && !S_ISFIFO(about.st_mode))
         return;
+    (void)fcntl(given, F_SETFD, FD_CLOEXEC);
     status_descriptor = is_socket ? given : open_again(given);
     write_status({"version", "1"});
 }

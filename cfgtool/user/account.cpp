@@ -312,9 +312,9 @@ int deluser(const invocation &typed)
         return 1;
     }
     if (got.unanswered())
-        fail("Set user name failed, error code: 0x%X", g_error_code);
+        fail("Set user name failed, error code: 0x%X", got.error_code());
     else if (got.refused_with(trap_v3_user))
-        fail("%s is trap V3 user ,cannot delete", name);  // Kept: the blank before the comma
+        fail_because(got.error_code(), "%s is trap V3 user ,cannot delete", name);  // Kept: the blank before the comma
     else
         fail("Delete user failed, error code: 0x%X", got.error_code());
     log_record(log_class_account, module, "Delete user(%s|user%d) fail,EvtCode:0x111005A1", name, user);

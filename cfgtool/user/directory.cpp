@@ -89,9 +89,9 @@ int verify_caller_password()
     if (got.ok())
         return 0;
     if (got.unanswered())
-        refuse("send 'check user password' failed, error code: 0x%X", g_error_code);
+        refuse("send 'check user password' failed, error code: 0x%X", got.error_code());
     else if (got.refused_with(wrong_password))
-        refuse("Incorrect password.");
+        refuse_because(got.error_code(check), "Incorrect password.");
     else
         refuse("Check user password failed, error code: 0x%X", got.error_code(check));
     return -1;

@@ -161,9 +161,9 @@ int unlock(const invocation &typed)
         return 1;
     }
     if (got.unanswered())
-        fail("Send 'unlock user' failed, error code: 0x%X", g_error_code);
+        fail("Send 'unlock user' failed, error code: 0x%X", got.error_code());
     else if (got.refused_with(user_not_unlocked))
-        fail("Unlock user failed!");
+        fail_because(got.error_code(unlock_operation), "Unlock user failed!");
     else
         fail("Unlock user failed, error code: 0x%X", got.error_code(unlock_operation));
     log_record(log_class_account, module, "Set user(%s|user%d) unlock status fail,EvtCode:0x11100CC1", name, user);
@@ -253,7 +253,7 @@ int remotemanageid(const invocation &typed)
         const ipmi_answer got = exchange(set_manage_id(more, offset, bytes_of(id + offset, size)));
         // Kept: the digits, and that one of the two does not say "failed".
         if (got.unanswered())
-            return fail("2set remotemanageid failed, error code: 0x%X", g_error_code);
+            return fail("2set remotemanageid failed, error code: 0x%X", got.error_code());
         if (!got.ok())
             return fail("1set remotemanageid, error code: 0x%X", got.error_code(0x01));
     }
