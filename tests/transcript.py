@@ -11,6 +11,7 @@ README.md beside this file tells how a transcript is written.
 
 import argparse
 import dataclasses
+import fcntl
 import io
 import os
 import re
@@ -26,6 +27,8 @@ import tarfile
 import tempfile
 import termios
 import time
+
+import status_lines
 
 TIME_LIMIT_S = 30
 ATTEMPTS = 5
@@ -103,6 +106,7 @@ class Transcript:
     calls_shown: bool = False
     ending: int = 0  # the signal that ends the tool
     status: int = 0  # its exit status otherwise
+    told: list = dataclasses.field(default_factory=list)  # sentences and records, as programs are told of them
     exchanges: int = 0
 
     def is_state(self):
@@ -113,6 +117,14 @@ class Transcript:
         if self.is_state():
             return STATE_START_UP, STATE_TEAR_DOWN
         return START_UP + (THEN if self.board is not None else []) + BLACKLIST, TEAR_DOWN
+
+    def has_status(self):
+        return self.commands and self.commands[0][0] == "cfgtool"
+
+    def expect_sentence(self, sentence):
+        self.told.append(sentence)
+        if sentence.text and self.screen not in ("full", "gone"):
+            self.expect_screen(sentence.text)
 
     def expect_screen(self, text):
         if self.events and self.events[-1][0] == "screen":
@@ -282,6 +294,10 @@ def parse_log(transcript, line):
         else:
             raise BadTranscript(f"log ... {name}?")
     transcript.events.append(("log", log_class, user, origin, module, record))
+    results = [line for line in transcript.script if line.startswith("result vos_zentro_log ")]
+    number = sum(event[0] == "log" for event in transcript.events)
+    if number > len(results) or results[number - 1].endswith(" 0"):  # else it is not written
+        transcript.told.append(status_lines.Record(log_class, module, record))
 
 
 @dataclasses.dataclass
@@ -295,7 +311,7 @@ class LineCount:
 
 
 def parse_screen(line, line_end=b"\r\n"):
-    """| TEXT is a line that ends in \\r\\n; |"TEXT" is exactly that text."""
+    """TEXT is a line that ends in \\r\\n; "TEXT" is exactly that text."""
     if line.startswith('"'):
         return unescape(line[1 : line.rindex('"')])
     if line != line.rstrip():
@@ -410,8 +426,10 @@ class Reader:
     def take(self, transcript, line):
         if line.startswith(">"):
             line = self.with_bytes(line)
-        if line.startswith("|"):
-            transcript.expect_screen(parse_screen(line[1:], b"\n" if transcript.is_state() else b"\r\n"))
+        if match := status_lines.MARKED.fullmatch(line):
+            mark, code, text = match.groups()
+            text = parse_screen(text, b"\n" if transcript.is_state() else b"\r\n")
+            transcript.expect_sentence(status_lines.sentence(mark, code, text))
         elif line.startswith("2|"):
             transcript.stderr += parse_screen(line[2:], b"\n")
         elif line.startswith(">>"):
@@ -533,6 +551,7 @@ class Run:
     late: bool = False
     shown: bytes = b""  # by the terminal, what it echoed included
     modes: dict = dataclasses.field(default_factory=dict)  # path -> mode, of files whose mode is looked at
+    told: bytes | None = None  # on the status descriptor; None where there is none
 
 
 def put_file(root, kind, path, content):
@@ -689,6 +708,13 @@ def open_screen(kind):
     return tempfile.TemporaryFile()
 
 
+def open_status():
+    """A pipe with room for all that a run says."""
+    reader, writer = os.pipe()
+    fcntl.fcntl(writer, fcntl.F_SETPIPE_SZ, 1 << 20)
+    return reader, writer
+
+
 def prepare_process(transcript):
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
     os.umask(transcript.umask)
@@ -731,6 +757,10 @@ def play(transcript, argv, tool, platform, emulator=""):
         if name in os.environ:
             env[name] = os.environ[name]
 
+    told_fd, status_fd = open_status()
+    if transcript.has_status():
+        env["CFGTOOL_STATUS_FD"] = str(status_fd)
+
     typing = any(event[0] == "keys" for event in transcript.events)
     terminal = Terminal(transcript) if typing else None
     deadline = time.monotonic() + TIME_LIMIT_S
@@ -740,7 +770,7 @@ def play(transcript, argv, tool, platform, emulator=""):
             command,
             executable=program,
             env=env,
-            pass_fds=(script_fd, trace_fd),
+            pass_fds=(script_fd, trace_fd, status_fd),
             stdin=terminal.child if terminal else subprocess.DEVNULL,
             stdout=terminal.child if terminal else out,
             stderr=err,
@@ -762,6 +792,9 @@ def play(transcript, argv, tool, platform, emulator=""):
     if terminal:
         terminal_changed = termios.tcgetattr(terminal.main) != terminal.settings
         os.close(terminal.main)
+    os.close(status_fd)
+    with os.fdopen(told_fd, "rb") as reader:
+        told = reader.read() if transcript.has_status() else None
     os.lseek(trace_fd, 0, os.SEEK_SET)
     with os.fdopen(trace_fd, "rb") as trace:
         events = parse_trace(trace.read())
@@ -772,7 +805,7 @@ def play(transcript, argv, tool, platform, emulator=""):
     changed = {path: content for path, content in after.items() if before.get(path) != content}
     changed.update({path: None for path in before if path not in after})
     shown = terminal.shown if terminal else b""
-    return Run(events, process.returncode, complaints, changed, terminal_changed, late, shown, modes)
+    return Run(events, process.returncode, complaints, changed, terminal_changed, late, shown, modes, told)
 
 
 # Comparing ------------------------------------------------------------------------------------------------------------
@@ -845,6 +878,19 @@ def beginning(content):
     return repr(content if not isinstance(content, bytes) or len(content) <= 400 else content[:400] + b"...")
 
 
+def faults_of_status(transcript, told):
+    """What is said to programs: what the screen shows, each sentence with its meaning, and the records, in this order."""
+    try:
+        actual = status_lines.read(told, ends=not transcript.ending)
+    except status_lines.Unreadable as error:
+        return [f"status descriptor: {error}"]
+    arranged = status_lines.in_two if transcript.screen == "file" else status_lines.joined
+    expected, actual = arranged(transcript.told), arranged(actual)
+    if expected == actual:
+        return []
+    return ["status descriptor:"] + difference([str(each) for each in expected], [str(each) for each in actual])
+
+
 def faults_of(transcript, run):
     forgotten, expected = split_secrets(event for event in transcript.events if event[0] != "keys")
     held, actual = split_secrets(run.events)
@@ -859,6 +905,8 @@ def faults_of(transcript, run):
         _, expected = split_lifecycle(expected)
     if expected != actual:
         faults += difference([shown(event) for event in expected], [shown(event) for event in actual])
+    if run.told is not None:
+        faults += faults_of_status(transcript, run.told)
     if run.late:
         faults.append(f"still running after {TIME_LIMIT_S} seconds")
     elif run.status != (transcript.status or -transcript.ending):

@@ -31,15 +31,18 @@ class Session:
     job      False: the terminal is nobody's controlling terminal, as on a console without job control
     ignored  signals that the tool's caller ignores
     screen   False: standard output is a file
+    status   the tool has a status descriptor
     """
 
-    def __init__(self, text, job=True, ignored=(), screen=True):
+    def __init__(self, text, job=True, ignored=(), screen=True, status=False):
         self.transcript = read_transcript(text)
         self.transcript.script.append("modes shown")
         self.root = tempfile.mkdtemp(prefix="terminal-")
         runner.put_file(self.root, "file", "/data/cli.conf", self.transcript.board)
         script = "\n".join(["uid 0", f"root {self.root}", *self.transcript.script]) + "\n"
         self.script_fd, self.trace_fd = runner.write_to_memory(script.encode()), runner.write_to_memory()
+        self.told_reader, self.status_fd = runner.open_status() if status else (-1, -1)
+        self.told_text = b"" if status else None
         self.main, self.child = os.openpty()
         self.out = None if screen else tempfile.TemporaryFile()
         self.err = tempfile.TemporaryFile()
@@ -113,6 +116,9 @@ class Session:
             env = {name: value for name, value in os.environ.items() if name.endswith("SAN_OPTIONS")}
             env |= {"LOGNAME": "tester", "LD_PRELOAD": PLATFORM}
             env["SCRIPTED_PLATFORM"] = f"{self.script_fd},{self.trace_fd}"
+            if self.status_fd >= 0:
+                os.set_inheritable(self.status_fd, True)
+                env["CFGTOOL_STATUS_FD"] = str(self.status_fd)
             os.execve(TOOL, self.transcript.commands[0], env)
         finally:
             os._exit(127)
@@ -143,6 +149,12 @@ class Session:
 
     def trace(self):
         return os.pread(self.trace_fd, 1 << 20, 0)
+
+    def told_to_programs(self):
+        """What the status descriptor has said."""
+        while select.select([self.told_reader], [], [], 0)[0]:
+            self.told_text += os.read(self.told_reader, 65536)
+        return self.told_text
 
     def modes(self):
         return [line.split()[1].decode() for line in self.trace().splitlines() if line.startswith(b"mode ")]
@@ -211,13 +223,15 @@ class Session:
         changed = self.main >= 0 and self.mode() != self.before
         events = [event for event in runner.parse_trace(self.trace()) if event[0] != "mode"]
         self.err.seek(0)
-        run = runner.Run(events, status, self.err.read(), {}, changed, False, self.shown)
+        told = self.told_to_programs() if self.status_fd >= 0 else None
+        run = runner.Run(events, status, self.err.read(), {}, changed, False, self.shown, told=told)
         return runner.faults_of(self.transcript, run)
 
     def close(self):
         os.close(self.orders[1])  # ends the tool, if it is still there
         os.waitpid(self.shell, 0)
-        for descriptor in (self.main, self.child, self.told, self.script_fd, self.trace_fd):
+        for descriptor in (self.main, self.child, self.told, self.script_fd, self.trace_fd, self.told_reader,
+                           self.status_fd):
             if descriptor >= 0:
                 os.close(descriptor)
         for file in (self.out, self.err):

@@ -3,7 +3,7 @@ $ cfgtool -d bootdevice -v 1
 > 00 09  05 00 00           < 00 01 05 7F FF FF FF FF
 > 00 08  00 01              < 00                           # set in progress
 > 00 08  05 80 04 00 00 00  < 00                           # the device in bits 5 to 2 of the second byte
-| Set boot device successfully.
+done| Set boot device successfully.
 log 2 Host "Set system boot device(PXE) success,EvtCode:0x20100080"
 > 00 08  00 00              < 00                           # set complete
 
@@ -12,7 +12,7 @@ $ cfgtool -d bootdevice -v 5
 > 00 09  05 00 00           < 00 01 05 E0 FF 11 22 33
 > 00 08  00 01              < 00
 > 00 08  05 E0 D7 11 22 33  < 00                           # bits 7, 6, 1 and 0 are kept
-| Set boot device successfully.
+done| Set boot device successfully.
 log 2 Host "Set system boot device(CD/DVD) success,EvtCode:0x20100080"
 > 00 08  00 00              < 00
 
@@ -23,7 +23,7 @@ $ cfgtool -d bootdevice -v 0x0
 > 00 09  05 00 00           < 00 01 05 80 3C 00 00 00
 > 00 08  00 01              < 00
 > 00 08  05 80 00 00 00 00  < 00
-| Set boot device successfully.
+done| Set boot device successfully.
 log 2 Host "Set system boot device(No override) success,EvtCode:0x20100080"
 > 00 08  00 00              < 00
 
@@ -33,7 +33,7 @@ $ cfgtool -d bootdevice -v 02
 > 00 09  05 00 00           < 00 01 05 80 00 00 00 00
 > 00 08  00 01              < 00
 > 00 08  05 80 08 00 00 00  < 00
-| Set boot device successfully.
+done| Set boot device successfully.
 log 2 Host "Set system boot device(Hard-drive) success,EvtCode:0x20100080"
 > 00 08  00 00              < 00
 
@@ -43,7 +43,7 @@ $ cfgtool -d bootdevice -v +6
 > 00 09  05 00 00           < 00 01 05 80 C3 00 00 00
 > 00 08  00 01              < 00
 > 00 08  05 80 DB 00 00 00  < 00
-| Set boot device successfully.
+done| Set boot device successfully.
 log 2 Host "Set system boot device(BIOS SETUP) success,EvtCode:0x20100080"
 > 00 08  00 00              < 00
 
@@ -54,7 +54,7 @@ $ cfgtool -d bootdevice -v 0Xf
 > 00 09  05 00 00           < 00 01 05 00 00 00 00 00
 > 00 08  00 01              < 00
 > 00 08  05 80 3C 00 00 00  < 00
-| Set boot device successfully.
+done| Set boot device successfully.
 log 2 Host "Set system boot device(floppy/primary removable media) success,EvtCode:0x20100080"
 > 00 08  00 00              < 00
 
@@ -76,21 +76,21 @@ $ cfgtool -d bootdevice -v 4294967297
 $ cfgtool -d bootdevice -v -1
 $ cfgtool -d bootdevice -v pxe
 $ cfgtool -d bootdevice -v 1x
-| Usage: cfgtool -d bootdevice -v <option>
-| Options are:
-|     0    No override
-|     1    Force PXE
-|     2    Force boot from default Hard-drive
-|     5    Force boot from default CD/DVD
-|     6    Force boot into BIOS Setup
-|     0xF  Force boot from Floppy/primary removable media
+usage| Usage: cfgtool -d bootdevice -v <option>
+usage| Options are:
+usage|     0    No override
+usage|     1    Force PXE
+usage|     2    Force boot from default Hard-drive
+usage|     5    Force boot from default CD/DVD
+usage|     6    Force boot into BIOS Setup
+usage|     0xF  Force boot from Floppy/primary removable media
 
 # bootdevice: an operator may not
 uid 503
 $ cfgtool -d bootdevice -v 1
 $ cfgtool -d bootdevice
 > 06 44  01 03              < 00 11 05 01 03
-| Insufficient privilege level
+refuse| Insufficient privilege level
 
 # bootdevice: flags that are not answered are begun anew
 $ cfgtool -d bootdevice -v 1
@@ -98,7 +98,7 @@ $ cfgtool -d bootdevice -v 1
 |"Select OutTime \r\n"
 > 00 08  00 01              < 00
 > 00 08  05 80 04 00 00 00  < 00
-| Set boot device successfully.
+done| Set boot device successfully.
 log 2 Host "Set system boot device(PXE) success,EvtCode:0x20100080"
 > 00 08  00 00              < 00
 
@@ -107,7 +107,7 @@ $ cfgtool -d bootdevice -v 1
 > 00 09  05 00 00           < unsent
 > 00 08  00 01              < 00
 > 00 08  05 80 04 00 00 00  < 00
-| Set boot device successfully.
+done| Set boot device successfully.
 log 2 Host "Set system boot device(PXE) success,EvtCode:0x20100080"
 > 00 08  00 00              < 00
 
@@ -116,7 +116,7 @@ $ cfgtool -d bootdevice -v 1
 > 00 09  05 00 00           < 80 01 05 80 FF FF FF FF
 > 00 08  00 01              < 00
 > 00 08  05 80 04 00 00 00  < 00
-| Set boot device successfully.
+done| Set boot device successfully.
 log 2 Host "Set system boot device(PXE) success,EvtCode:0x20100080"
 > 00 08  00 00              < 00
 
@@ -125,7 +125,7 @@ $ cfgtool -d bootdevice -v 1
 > 00 09  05 00 00           < 00 01 06 80 FF FF FF FF
 > 00 08  00 01              < 00
 > 00 08  05 80 04 00 00 00  < 00
-| Set boot device successfully.
+done| Set boot device successfully.
 log 2 Host "Set system boot device(PXE) success,EvtCode:0x20100080"
 > 00 08  00 00              < 00
 
@@ -134,7 +134,7 @@ $ cfgtool -d bootdevice -v 1
 > 00 09  05 00 00           < 00 01 05 80 FF FF FF FF FF
 > 00 08  00 01              < 00
 > 00 08  05 80 04 00 00 00  < 00
-| Set boot device successfully.
+done| Set boot device successfully.
 log 2 Host "Set system boot device(PXE) success,EvtCode:0x20100080"
 > 00 08  00 00              < 00
 
@@ -143,7 +143,7 @@ $ cfgtool -d bootdevice -v 1
 > 00 09  05 00 00           < 00 01 05 C0 41 FF cut 12
 > 00 08  00 01              < 00
 > 00 08  05 C0 45 FF 00 00  < 00
-| Set boot device successfully.
+done| Set boot device successfully.
 log 2 Host "Set system boot device(PXE) success,EvtCode:0x20100080"
 > 00 08  00 00              < 00
 
@@ -152,7 +152,7 @@ $ cfgtool -d bootdevice -v 1
 > 00 09  05 00 00           < 00 01 05 80 00 00 00 00
 > 00 08  00 01              < 81
 > 00 08  05 80 04 00 00 00  < 00
-| Set boot device successfully.
+done| Set boot device successfully.
 log 2 Host "Set system boot device(PXE) success,EvtCode:0x20100080"
 > 00 08  00 00              < 81
 
@@ -160,20 +160,20 @@ log 2 Host "Set system boot device(PXE) success,EvtCode:0x20100080"
 $ cfgtool -d bootdevice -v 1
 > 00 09  05 00 00           < 00 01 05 80 00 00 00 00
 > 00 08  00 01              < D4
-| Set boot device failed, error code: 0x801D4
+fail| Set boot device failed, error code: 0x801D4
 
 # bootdevice: neither the flags nor the opening are answered: the opening's failure is told
 $ cfgtool -d bootdevice -v 1
 > 00 09  05 00 00           < C1
 > 00 08  00 01              < silent
 |"Select OutTime \r\n"
-| Set boot device failed, error code: 0x40000001
+fail| Set boot device failed, error code: 0x40000001
 
 # bootdevice: opening is not sent: told, and not closed
 $ cfgtool -d bootdevice -v 1
 > 00 09  05 00 00           < 00 01 05 80 00 00 00 00
 > 00 08  00 01              < unsent
-| Set boot device failed, error code: 0x40000000
+fail| Set boot device failed, error code: 0x40000000
 
 # bootdevice: the flags are refused: closed, then told
 $ cfgtool -d bootdevice -v 1
@@ -181,7 +181,7 @@ $ cfgtool -d bootdevice -v 1
 > 00 08  00 01              < 00
 > 00 08  05 80 04 00 00 00  < CC
 > 00 08  00 00              < 00
-| Set boot device failed, error code: 0x805CC
+fail| Set boot device failed, error code: 0x805CC
 
 # bootdevice: the code told is the refusal's, although closing fails before it is told
 $ cfgtool -d bootdevice -v 1
@@ -190,7 +190,7 @@ $ cfgtool -d bootdevice -v 1
 > 00 08  05 80 04 00 00 00  < 81
 > 00 08  00 00              < silent
 |"Select OutTime \r\n"
-| Set boot device failed, error code: 0x80581
+fail| Set boot device failed, error code: 0x80581
 
 # bootdevice: the flags are not answered: told, then closed
 $ cfgtool -d bootdevice -v 1
@@ -198,15 +198,16 @@ $ cfgtool -d bootdevice -v 1
 > 00 08  00 01              < 00
 > 00 08  05 80 04 00 00 00  < silent
 |"Select OutTime \r\n"
-| Set boot device failed, error code: 0x40000001
+fail| Set boot device failed, error code: 0x40000001
 > 00 08  00 00              < unsent
+fail 40000000|""
 
 # bootdevice: the flags are not sent: told, then closed
 $ cfgtool -d bootdevice -v 1
 > 00 09  05 00 00           < 00 01 05 80 00 00 00 00
 > 00 08  00 01              < 00
 > 00 08  05 80 04 00 00 00  < unsent
-| Set boot device failed, error code: 0x40000000
+fail| Set boot device failed, error code: 0x40000000
 > 00 08  00 00              < 00
 
 # bootdevice: a closing that is refused is not told
@@ -214,6 +215,7 @@ $ cfgtool -d bootdevice -v 1
 > 00 09  05 00 00           < 00 01 05 80 00 00 00 00
 > 00 08  00 01              < 00
 > 00 08  05 80 04 00 00 00  < 00
-| Set boot device successfully.
+done| Set boot device successfully.
 log 2 Host "Set system boot device(PXE) success,EvtCode:0x20100080"
 > 00 08  00 00              < C1
+fail 000800C1|""

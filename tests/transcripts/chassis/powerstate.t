@@ -1,6 +1,6 @@
 steps asked
 | WARNING: The operation may have many adverse effects
-|"Do you want to continue?[Y/N]:"
+confirm|"Do you want to continue?[Y/N]:"
 
 steps confirmed
 do asked
@@ -11,7 +11,7 @@ $ cfgtool -d powerstate -v 0
 $ cfgtool -t fru0 -d powerstate -v 0
 do confirmed
 > 00 02  05  < 00
-| Control power off graceful successfully.
+done| Control power off graceful successfully.
 log 2 Host "Set chassis control(power off graceful),EvtCode:0x201000B0"
 
 # powerstate: 1 powers up, at top level and under fru0
@@ -19,7 +19,7 @@ $ cfgtool -d powerstate -v 1
 $ cfgtool -t fru0 -d powerstate -v 1
 do confirmed
 > 00 02  01  < 00
-| Control power on successfully.
+done| Control power on successfully.
 log 2 Host "Host power on success,EvtCode:0x20100010"
 
 # powerstate: 2 powers down at once, at top level and under fru0
@@ -27,7 +27,7 @@ $ cfgtool -d powerstate -v 2
 $ cfgtool -t fru0 -d powerstate -v 2
 do confirmed
 > 00 02  00  < 00
-| Control power off force successfully.
+done| Control power off force successfully.
 log 2 Host "Host power off force success,EvtCode:0x20100020"
 
 # powerstate: hexadecimal, leading zeros, blanks and signs are numbers
@@ -38,7 +38,7 @@ $ cfgtool -d powerstate -v +2
 $ cfgtool -d powerstate -v ' 2'
 do confirmed
 > 00 02  00  < 00
-| Control power off force successfully.
+done| Control power off force successfully.
 log 2 Host "Host power off force success,EvtCode:0x20100020"
 
 # powerstate: an empty text and a negative zero are 0
@@ -46,7 +46,7 @@ $ cfgtool -d powerstate -v ''
 $ cfgtool -d powerstate -v -0
 do confirmed
 > 00 02  05  < 00
-| Control power off graceful successfully.
+done| Control power off graceful successfully.
 log 2 Host "Set chassis control(power off graceful),EvtCode:0x201000B0"
 
 # powerstate: a capital Y is a yes
@@ -54,7 +54,7 @@ $ cfgtool -d powerstate -v 1
 do asked
 keys "Y\n"
 > 00 02  01  < 00
-| Control power on successfully.
+done| Control power on successfully.
 log 2 Host "Host power on success,EvtCode:0x20100010"
 
 # powerstate: only the first character of the answer counts
@@ -62,7 +62,7 @@ $ cfgtool -d powerstate -v 1
 do asked
 keys "yes, no\n"
 > 00 02  01  < 00
-| Control power on successfully.
+done| Control power on successfully.
 log 2 Host "Host power on success,EvtCode:0x20100010"
 
 # powerstate: n says nothing, and leaves the same record whatever the option
@@ -72,12 +72,14 @@ $ cfgtool -d powerstate -v 2
 $ cfgtool -t fru0 -d powerstate -v 2
 do asked
 keys "n\n"
+refuse|""
 log 2 Host "Host power control fail,EvtCode:0x20100011"
 
 # powerstate: a capital N and whatever follows it is a no
 $ cfgtool -d powerstate -v 0
 do asked
 keys "Ny\n"
+refuse|""
 log 2 Host "Host power control fail,EvtCode:0x20100011"
 
 # powerstate: another answer is told, and leaves the same record whatever the option
@@ -86,35 +88,35 @@ $ cfgtool -d powerstate -v 1
 $ cfgtool -d powerstate -v 2
 do asked
 keys "1\n"
-| Input character invalid.
+refuse| Input character invalid.
 log 2 Host "Host power control fail,EvtCode:0x20100011"
 
 # powerstate: a blank before the y is another answer
 $ cfgtool -d powerstate -v 2
 do asked
 keys " y\n"
-| Input character invalid.
+refuse| Input character invalid.
 log 2 Host "Host power control fail,EvtCode:0x20100011"
 
 # powerstate: an empty line is another answer
 $ cfgtool -d powerstate -v 2
 do asked
 keys "\n"
-| Input character invalid.
+refuse| Input character invalid.
 log 2 Host "Host power control fail,EvtCode:0x20100011"
 
 # powerstate: the end of the input is another answer
 $ cfgtool -d powerstate -v 2
 do asked
-| Input character invalid.
+refuse| Input character invalid.
 log 2 Host "Host power control fail,EvtCode:0x20100011"
 
 steps usage
-| Usage: cfgtool -d powerstate -v <option>
-| Options are:
-|     0    Graceful Power Off, deactivate FRU
-|     1    Power on, activate FRU
-|     2    Forcibly Power Off, deactivate FRU
+usage| Usage: cfgtool -d powerstate -v <option>
+usage| Options are:
+usage|     0    Graceful Power Off, deactivate FRU
+usage|     1    Power on, activate FRU
+usage|     2    Forcibly Power Off, deactivate FRU
 
 # powerstate: exactly "-v" and 0, 1 or 2, else usage and a record, and no question
 $ cfgtool -d powerstate
@@ -145,21 +147,21 @@ $ cfgtool -d powerstate -v 1
 $ cfgtool -t fru0 -d powerstate -v 3
 $ cfgtool -d powerstate
 > 06 44  01 03  < 00 11 05 01 03
-| Insufficient privilege level
+refuse| Insufficient privilege level
 log 2 Host "Host power control fail,EvtCode:0x20100011"
 
 # powerstate: nobody can tell who is calling: no question, and it is recorded
 uid 503
 $ cfgtool -d powerstate -v 0
 > 06 44  01 03  < unsent
-| send 'Get User Access Command' failed!
+refuse 40000000| send 'Get User Access Command' failed!
 log 2 Host "Host power control fail,EvtCode:0x20100011"
 
 # powerstate: the user's access is refused: no question, and it is recorded
 uid 503
 $ cfgtool -d powerstate -v 0
 > 06 44  01 03  < CC
-| Get User Access Command failed!
+refuse 064400CC| Get User Access Command failed!
 log 2 Host "Host power control fail,EvtCode:0x20100011"
 
 # powerstate: an administrator may
@@ -168,7 +170,7 @@ $ cfgtool -d powerstate -v 1
 > 06 44  01 03  < 00 11 05 01 04
 do confirmed
 > 00 02  01  < 00
-| Control power on successfully.
+done| Control power on successfully.
 log 2 Host "Host power on success,EvtCode:0x20100010"
 
 # powerstate 0: not answered
@@ -176,7 +178,7 @@ $ cfgtool -d powerstate -v 0
 do confirmed
 > 00 02  05  < silent
 |"Select OutTime \r\n"
-| Control power off graceful failed, error code: 0x40000001
+fail| Control power off graceful failed, error code: 0x40000001
 log 2 Host "Set chassis control(power off graceful) fail,EvtCode:0x201000B1"
 
 # powerstate 1: not answered
@@ -184,7 +186,7 @@ $ cfgtool -d powerstate -v 1
 do confirmed
 > 00 02  01  < silent
 |"Select OutTime \r\n"
-| Control power on failed, error code: 0x40000001
+fail| Control power on failed, error code: 0x40000001
 log 2 Host "Host power on fail,EvtCode:0x20100011"
 
 # powerstate 2: not answered
@@ -192,58 +194,61 @@ $ cfgtool -d powerstate -v 2
 do confirmed
 > 00 02  00  < silent
 |"Select OutTime \r\n"
-| Control power off force failed, error code: 0x40000001
+fail| Control power off force failed, error code: 0x40000001
 log 2 Host "Host power off force fail,EvtCode:0x20100021"
 
 # powerstate: not sent
 $ cfgtool -d powerstate -v 1
 do confirmed
 > 00 02  01  < unsent
-| Control power on failed, error code: 0x40000000
+fail| Control power on failed, error code: 0x40000000
 log 2 Host "Host power on fail,EvtCode:0x20100011"
 
 # powerstate: only answers to others
 $ cfgtool -d powerstate -v 1
 do confirmed
 > 00 02  01  < command
-| Control power on failed, error code: 0x40000002
+fail| Control power on failed, error code: 0x40000002
 log 2 Host "Host power on fail,EvtCode:0x20100011"
 
 # powerstate 0: not in the present state is explained, on a line that ends in a bare line feed
 $ cfgtool -d powerstate -v 0
 do confirmed
 > 00 02  05  < D5
-|"Set Power Control(power off graceful)failed: Command not supported in present state\n"
+fail 000200D5|"Set Power Control(power off graceful)failed: Command not supported in present state\n"
 log 2 Host "Set chassis control(power off graceful) fail,EvtCode:0x201000B1"
 
 # powerstate 1: not in the present state
 $ cfgtool -d powerstate -v 1
 do confirmed
 > 00 02  01  < D5
-|"Set Power Control(power on)failed: Command not supported in present state\n"
+fail 000200D5|"Set Power Control(power on)failed: Command not supported in present state\n"
 log 2 Host "Host power on fail,EvtCode:0x20100011"
 
 # powerstate 2: not in the present state
 $ cfgtool -d powerstate -v 2
 do confirmed
 > 00 02  00  < D5
-|"Set Power Control(power off force)failed: Command not supported in present state\n"
+fail 000200D5|"Set Power Control(power off force)failed: Command not supported in present state\n"
 log 2 Host "Host power off force fail,EvtCode:0x20100021"
 
 # powerstate 0: any other refusal is only recorded
 $ cfgtool -d powerstate -v 0
 do confirmed
 > 00 02  05  < C1
+fail 000200C1|""
 log 2 Host "Set chassis control(power off graceful) fail,EvtCode:0x201000B1"
 
 # powerstate 1: any other refusal is only recorded
 $ cfgtool -d powerstate -v 1
 do confirmed
 > 00 02  01  < D4
+fail 000200D4|""
 log 2 Host "Host power on fail,EvtCode:0x20100011"
 
 # powerstate 2: any other refusal is only recorded
 $ cfgtool -d powerstate -v 2
 do confirmed
 > 00 02  00  < FF
+fail 000200FF|""
 log 2 Host "Host power off force fail,EvtCode:0x20100021"

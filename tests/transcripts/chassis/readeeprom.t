@@ -15,7 +15,7 @@ do block at a line's end for 155..155
 do block for 156..232
 do block at a line's end for 233..233
 do block for 234..255
-|"\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
+done|"\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
 log 2 Zentro "Read eeprom to file /tmp/eeprom.bin success, EvtCode:0x20201480"
 wrote /tmp/eeprom.bin "{E*16384}"
 
@@ -24,7 +24,8 @@ $ cfgtool -t maintenance -d readeeprom
 do block for 0..2
 |"."
 call i2c_write_read 2 160 00C0 64 0 -> -5
-|"ret = -5, pos = 192\r\n\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
+fail| ret = -5, pos = 192
+done|"\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
 log 2 Zentro "Read eeprom to file /tmp/eeprom.bin success, EvtCode:0x20201480"
 wrote /tmp/eeprom.bin "{E*192}{\x00*16192}"
 
@@ -33,7 +34,8 @@ file /tmp/eeprom.bin "of yesterday"
 $ cfgtool -t maintenance -d readeeprom
 |"."
 call i2c_write_read 2 160 0000 64 0 -> -1
-|"ret = -1, pos = 0\r\n\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
+fail| ret = -1, pos = 0
+done|"\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
 log 2 Zentro "Read eeprom to file /tmp/eeprom.bin success, EvtCode:0x20201480"
 wrote /tmp/eeprom.bin "{\x00*16384}"
 
@@ -42,7 +44,8 @@ umask 022
 $ cfgtool -t maintenance -d readeeprom
 |"."
 call i2c_write_read 2 160 0000 64 0 -> -1
-|"ret = -1, pos = 0\r\n\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
+fail| ret = -1, pos = 0
+done|"\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
 log 2 Zentro "Read eeprom to file /tmp/eeprom.bin success, EvtCode:0x20201480"
 wrote /tmp/eeprom.bin 644 "{\x00*16384}"
 
@@ -51,7 +54,8 @@ umask 077
 $ cfgtool -t maintenance -d readeeprom
 |"."
 call i2c_write_read 2 160 0000 64 0 -> -1
-|"ret = -1, pos = 0\r\n\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
+fail| ret = -1, pos = 0
+done|"\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
 log 2 Zentro "Read eeprom to file /tmp/eeprom.bin success, EvtCode:0x20201480"
 wrote /tmp/eeprom.bin 600 "{\x00*16384}"
 
@@ -60,7 +64,8 @@ umask 000
 $ cfgtool -t maintenance -d readeeprom
 |"."
 call i2c_write_read 2 160 0000 64 0 -> -1
-|"ret = -1, pos = 0\r\n\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
+fail| ret = -1, pos = 0
+done|"\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
 log 2 Zentro "Read eeprom to file /tmp/eeprom.bin success, EvtCode:0x20201480"
 wrote /tmp/eeprom.bin 666 "{\x00*16384}"
 
@@ -70,29 +75,30 @@ file /tmp/eeprom.bin "of yesterday"
 $ cfgtool -t maintenance -d readeeprom
 |"."
 call i2c_write_read 2 160 0000 64 0 -> -1
-|"ret = -1, pos = 0\r\n\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
+fail| ret = -1, pos = 0
+done|"\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
 log 2 Zentro "Read eeprom to file /tmp/eeprom.bin success, EvtCode:0x20201480"
 wrote /tmp/eeprom.bin 600 "{\x00*16384}"
 
 # No words
 $ cfgtool -t maintenance -d readeeprom -v
 $ cfgtool -t maintenance -d readeeprom 1
-| Usage: cfgtool -t maintenance -d readeeprom
+usage| Usage: cfgtool -t maintenance -d readeeprom
 
 # A caller without the privilege
 uid 502
 $ cfgtool -t maintenance -d readeeprom
 > 06 44  01 02 < 00 11 04 01 12
-| Insufficient privilege level
+refuse| Insufficient privilege level
 
 # What stands at the path and is no file cannot be replaced
 file /tmp/eeprom.bin folder
 $ cfgtool -t maintenance -d readeeprom
 |"."
 call i2c_write_read 2 160 0000 64 0 -> -1
-| ret = -1, pos = 0
-| fp is null
-|"\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
+fail| ret = -1, pos = 0
+fail| fp is null
+done|"\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
 log 2 Zentro "Read eeprom to file /tmp/eeprom.bin success, EvtCode:0x20201480"
 
 # A link that was planted there is replaced, not followed
@@ -101,6 +107,7 @@ file /tmp/eeprom.bin link /data/precious
 $ cfgtool -t maintenance -d readeeprom
 |"."
 call i2c_write_read 2 160 0000 64 0 -> -1
-|"ret = -1, pos = 0\r\n\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
+fail| ret = -1, pos = 0
+done|"\nRead eeprom to file /tmp/eeprom.bin successfully.\r\n"
 log 2 Zentro "Read eeprom to file /tmp/eeprom.bin success, EvtCode:0x20201480"
 wrote /tmp/eeprom.bin "{\x00*16384}"

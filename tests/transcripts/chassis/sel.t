@@ -1,6 +1,6 @@
 steps asked
 | WARNING: The operation may have many adverse effects
-|"Do you want to continue?[Y/N]:"
+confirm|"Do you want to continue?[Y/N]:"
 
 steps confirmed
 do asked
@@ -19,7 +19,7 @@ sleep 100000
 sleep 100000
 |"."
 > 0A 47  34 12 43 4C 52 00  < 00 01                        # erasure completed
-| completed.
+done| completed.
 log 2 SEL "Clear SEL records success,EvtCode:0x207002F0"
 
 # sel: it is asked at least once, whatever initiating said
@@ -31,7 +31,7 @@ do confirmed
 sleep 100000
 |"."
 > 0A 47  01 00 43 4C 52 00  < 00 01
-| completed.
+done| completed.
 log 2 SEL "Clear SEL records success,EvtCode:0x207002F0"
 
 # sel: only the low six bits of the status count, and only 1 ends the waiting
@@ -52,7 +52,7 @@ sleep 100000
 sleep 100000
 |"."
 > 0A 47  FF EE 43 4C 52 00  < 00 C1
-| completed.
+done| completed.
 log 2 SEL "Clear SEL records success,EvtCode:0x207002F0"
 
 # sel: a status that is missing is not the end
@@ -67,7 +67,7 @@ sleep 100000
 sleep 100000
 |"."
 > 0A 47  34 12 43 4C 52 00  < 00 01
-| completed.
+done| completed.
 log 2 SEL "Clear SEL records success,EvtCode:0x207002F0"
 
 # sel: a reservation that is missing is 0
@@ -75,43 +75,45 @@ $ cfgtool -d sel -v clear
 do confirmed
 > 0A 42                     < 00 cut 7
 > 0A 47  00 00 43 4C 52 AA  < C5
-| Clear SEL failed, error code: 0xA4700C5
+fail| Clear SEL failed, error code: 0xA4700C5
 
 # sel: a capital Y is a yes
 $ cfgtool -d sel -v clear
 do asked
 keys "Y\n"
 > 0A 42                     < C1
-| Clear SEL failed, error code: 0xA4200C1
+fail| Clear SEL failed, error code: 0xA4200C1
 
 # sel: n says nothing and leaves no record
 $ cfgtool -d sel -v clear
 $ cfgtool -t fru0 -d sel -v clear
 do asked
 keys "n\n"
+refuse|""
 
 # sel: a capital N says nothing and leaves no record
 $ cfgtool -d sel -v clear
 do asked
 keys "N\n"
+refuse|""
 
 # sel: another answer is told
 $ cfgtool -d sel -v clear
 $ cfgtool -t fru0 -d sel -v clear
 do asked
 keys "clear\n"
-| Input character invalid.
+refuse| Input character invalid.
 
 # sel: an empty line is another answer
 $ cfgtool -d sel -v clear
 do asked
 keys "\n"
-| Input character invalid.
+refuse| Input character invalid.
 
 # sel: the end of the input is another answer
 $ cfgtool -d sel -v clear
 do asked
-| Input character invalid.
+refuse| Input character invalid.
 
 # sel: exactly "-v" and "clear", else usage, and no question
 $ cfgtool -d sel
@@ -125,7 +127,7 @@ $ cfgtool -d sel -v cleared
 $ cfgtool -d sel -v ''
 $ cfgtool -d sel clear -v
 $ cfgtool -t fru0 -d sel
-| Usage: cfgtool -d sel -v clear
+usage| Usage: cfgtool -d sel -v clear
 
 # sel: an operator may not
 uid 503
@@ -133,26 +135,26 @@ $ cfgtool -d sel -v clear
 $ cfgtool -t fru0 -d sel -v clear
 $ cfgtool -d sel
 > 06 44  01 03              < 00 11 05 01 03
-| Insufficient privilege level
+refuse| Insufficient privilege level
 
 # sel: the reservation is not answered
 $ cfgtool -d sel -v clear
 do confirmed
 > 0A 42                     < silent
 |"Select OutTime \r\n"
-| Clear SEL failed, error code: 0x40000001
+fail| Clear SEL failed, error code: 0x40000001
 
 # sel: the reservation is not sent
 $ cfgtool -d sel -v clear
 do confirmed
 > 0A 42                     < unsent
-| Clear SEL failed, error code: 0x40000000
+fail| Clear SEL failed, error code: 0x40000000
 
 # sel: the reservation is refused
 $ cfgtool -d sel -v clear
 do confirmed
 > 0A 42                     < 81
-| Clear SEL failed, error code: 0xA420081
+fail| Clear SEL failed, error code: 0xA420081
 
 # sel: the erasing is not answered
 $ cfgtool -d sel -v clear
@@ -160,21 +162,21 @@ do confirmed
 > 0A 42                     < 00 34 12
 > 0A 47  34 12 43 4C 52 AA  < silent
 |"Select OutTime \r\n"
-| Clear SEL failed, error code: 0x40000001
+fail| Clear SEL failed, error code: 0x40000001
 
 # sel: the erasing is not sent
 $ cfgtool -d sel -v clear
 do confirmed
 > 0A 42                     < 00 34 12
 > 0A 47  34 12 43 4C 52 AA  < unsent
-| Clear SEL failed, error code: 0x40000000
+fail| Clear SEL failed, error code: 0x40000000
 
 # sel: the erasing is refused
 $ cfgtool -d sel -v clear
 do confirmed
 > 0A 42                     < 00 34 12
 > 0A 47  34 12 43 4C 52 AA  < C5
-| Clear SEL failed, error code: 0xA4700C5
+fail| Clear SEL failed, error code: 0xA4700C5
 
 # sel: a status that is not sent ends the waiting as a success does
 $ cfgtool -d sel -v clear
@@ -185,7 +187,8 @@ do confirmed
 sleep 100000
 |"."
 > 0A 47  34 12 43 4C 52 00  < unsent
-| completed.
+fail 40000000|""
+done| completed.
 log 2 SEL "Clear SEL records success,EvtCode:0x207002F0"
 
 # sel: a status that is not answered ends the waiting as a success does
@@ -201,7 +204,8 @@ sleep 100000
 |"."
 > 0A 47  34 12 43 4C 52 00  < silent
 |"Select OutTime \r\n"
-| completed.
+fail 40000001|""
+done| completed.
 log 2 SEL "Clear SEL records success,EvtCode:0x207002F0"
 
 # sel: a status that is refused ends the waiting as a success does, whatever data come with it
@@ -213,5 +217,6 @@ do confirmed
 sleep 100000
 |"."
 > 0A 47  34 12 43 4C 52 00  < C5 00
-| completed.
+fail 0A4700C5|""
+done| completed.
 log 2 SEL "Clear SEL records success,EvtCode:0x207002F0"

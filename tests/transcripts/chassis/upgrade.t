@@ -9,7 +9,7 @@ log 2 Firmware "Initiate upgrade firmware(image.hpm) success,EvtCode:0x20B00400"
 steps finished
 > 30 91  D9 7E 00 06 00 < 00 D9 7E 00 80 03 05 00
 |"\r100%\r\n"
-| Update successfully.
+done| Update successfully.
 
 steps finish Zentro
 > 30 91  D9 7E 00 06 55 < 00
@@ -105,9 +105,9 @@ $ cfgtool -d upgrade
 do initiate
 do finished
 > 30 91  D9 7E 00 06 55 < D5
-| Finish upgrade failed, error code: 0x309106D5
+fail| Finish upgrade failed, error code: 0x309106D5
 log 2 Firmware "Finish upgrade firmware(Zentro) fail,EvtCode:0x20B00B61"
-| finish upgrade failed!
+fail 309106D5| finish upgrade failed!
 
 # No answer to the end
 $ cfgtool -d upgrade
@@ -115,7 +115,7 @@ do initiate
 do finished
 > 30 91  D9 7E 00 06 55 < unsent
 log 2 Firmware "Finish upgrade firmware(Zentro) fail,EvtCode:0x20B00B61"
-| finish upgrade failed!
+fail 40000000| finish upgrade failed!
 
 # The path: 16 characters go in one piece
 $ cfgtool -d upgrade -v /tmp/image16.hpm 0
@@ -158,104 +158,105 @@ $ cfgtool -d upgrade -v /{a*80} 1
 $ cfgtool -d upgrade -v {a*81} 1
 $ cfgtool -d upgrade -v /{a*80} 7
 $ cfgtool -d upgrade -v /{a*10000}
-| Invalid length of the file path
+refuse| Invalid length of the file path
 
 # A first piece that is refused ends it: no second one
 $ cfgtool -d upgrade -v /tmp/image017.hpm
 | Please make sure the Zentro is working while upgrading!
 > 30 91  D9 7E 00 06 AA 00 00 80 10 2F 74 6D 70 2F 69 6D 61 67 65 30 31 37 2E 68 70 < C7
-| Upgrade failed, error code:0xc7
+fail 309100C7| Upgrade failed, error code:0xc7
 log 2 Firmware "Initiate upgrade firmware fail,EvtCode:0x20B00401"
-| Update fail.
+fail| Update fail.
 
 # Another upgrade is on its way
 $ cfgtool -d upgrade
 | Please make sure the Zentro is working while upgrading!
 > 30 91  D9 7E 00 06 AA 00 00 00 0E IMAGE < 80
-| Upgrade in progress.
+fail 30910080| Upgrade in progress.
 log 2 Firmware "Initiate upgrade firmware fail,EvtCode:0x20B00401"
-| Update fail.
+fail| Update fail.
 
 # No answer to the path
 $ cfgtool -d upgrade
 | Please make sure the Zentro is working while upgrading!
 > 30 91  D9 7E 00 06 AA 00 00 00 0E IMAGE < silent
 |"Select OutTime \r\n"
-| send upgrade cmd faild!
+fail 40000001| send upgrade cmd faild!
 log 2 Firmware "Initiate upgrade firmware fail,EvtCode:0x20B00401"
-| Update fail.
+fail| Update fail.
 
 # No answer to a second piece
 $ cfgtool -d upgrade -v /tmp/image017.hpm
 | Please make sure the Zentro is working while upgrading!
 > 30 91  D9 7E 00 06 AA 00 00 80 10 2F 74 6D 70 2F 69 6D 61 67 65 30 31 37 2E 68 70 < 00
 > 30 91  D9 7E 00 06 AA 00 00 10 01 6D < unsent
-| send upgrade cmd faild!
+fail 40000000| send upgrade cmd faild!
 log 2 Firmware "Initiate upgrade firmware fail,EvtCode:0x20B00401"
-| Update fail.
+fail| Update fail.
 
 # The status cannot be had: the code in decimal, and no record
 $ cfgtool -d upgrade
 do initiate
 > 30 91  D9 7E 00 06 00 < silent
-|"Select OutTime \r\nrecv ipmi msg  fail, g_error_code=1073741825 \r\n"
-| Update fail.
+|"Select OutTime \r\n"
+fail 40000001|"recv ipmi msg  fail, g_error_code=1073741825 \r\n"
+fail| Update fail.
 
 # The status names the reason: no file; bit 7 of the code does not count
 $ cfgtool -d upgrade
 do initiate
 > 30 91  D9 7E 00 06 00 < 82
-| The file does not exist!
-| Update fail.
+fail 30910082| The file does not exist!
+fail| Update fail.
 
 # The same reason without bit 7
 $ cfgtool -d upgrade
 do initiate
 > 30 91  D9 7E 00 06 00 < 02
-| The file does not exist!
-| Update fail.
+fail 30910002| The file does not exist!
+fail| Update fail.
 
 # The status names the reason: no image
 $ cfgtool -d upgrade
 do initiate
 > 30 91  D9 7E 00 06 00 < 83
-| Invalid upgraded file!
-| Update fail.
+fail 30910083| Invalid upgraded file!
+fail| Update fail.
 
 # The status names the reason: memory
 $ cfgtool -d upgrade
 do initiate
 > 30 91  D9 7E 00 06 00 < 84
-| Not enough memory!
-| Update fail.
+fail 30910084| Not enough memory!
+fail| Update fail.
 
 # The status names the reason: the host is on
 $ cfgtool -d upgrade
 do initiate
 > 30 91  D9 7E 00 06 00 < 88
-| Power-on state does not support upgrade!
-| Update fail.
+fail 30910088| Power-on state does not support upgrade!
+fail| Update fail.
 
 # Any other reason is shown as the extended error and the component
 $ cfgtool -d upgrade
 do initiate
 > 30 91  D9 7E 00 06 00 < D5 D9 7E 00 05 02 06 A7
-|"Error code: 0xa706 \r\n"
-| Update fail.
+fail 309100D5|"Error code: 0xa706 \r\n"
+fail| Update fail.
 
 # A reason without anything behind it shows zeros
 $ cfgtool -d upgrade
 do initiate
 > 30 91  D9 7E 00 06 00 < C1 cut 7
-|"Error code: 0x0000 \r\n"
-| Update fail.
+fail 309100C1|"Error code: 0x0000 \r\n"
+fail| Update fail.
 
 # A reason is one whatever the length, and what the length does not reach reads as zeros
 $ cfgtool -d upgrade
 do initiate
 > 30 91  D9 7E 00 06 00 < D5 D9 7E 00 05 02 06 A7 length 6
-|"Error code: 0x0000 \r\n"
-| Update fail.
+fail 309100D5|"Error code: 0x0000 \r\n"
+fail| Update fail.
 
 # It may fail in the middle
 $ cfgtool -d upgrade
@@ -265,8 +266,8 @@ do initiate
 |"\r50%"
 sleep 500000
 > 30 91  D9 7E 00 06 00 < 83
-| Invalid upgraded file!
-| Update fail.
+fail 30910083| Invalid upgraded file!
+fail| Update fail.
 
 # Words that are neither an image nor an option
 $ cfgtool -d upgrade -v
@@ -282,17 +283,17 @@ $ cfgtool -d upgrade -v /tmp/image.hpm 2
 $ cfgtool -d upgrade -v /tmp/image.hpm ""
 $ cfgtool -d upgrade -v 1 1
 $ cfgtool -d upgrade -v /tmp/image.hpm 1 1
-| Usage: cfgtool -d upgrade -v [filepath] [option]
-| Filepath      e.g.: /tmp/image.hpm
-| Option are:
-|     1           reboot BMC after upgrade(default)
-|     0           don't reboot BMC after upgrade
+usage| Usage: cfgtool -d upgrade -v [filepath] [option]
+usage| Filepath      e.g.: /tmp/image.hpm
+usage| Option are:
+usage|     1           reboot BMC after upgrade(default)
+usage|     0           don't reboot BMC after upgrade
 
 # A caller without the privilege
 uid 502
 $ cfgtool -d upgrade
 > 06 44  01 02 < 00 11 04 01 12
-| Insufficient privilege level
+refuse| Insufficient privilege level
 
 # Ctrl-C does not stop an upgrade on its way
 $ cfgtool -d upgrade
@@ -330,4 +331,4 @@ do finished
 > 30 91  D9 7E 00 06 55 < silent
 |"Select OutTime \r\n"
 log 2 Firmware "Finish upgrade firmware(Zentro) fail,EvtCode:0x20B00B61"
-| finish upgrade failed!
+fail 40000001| finish upgrade failed!

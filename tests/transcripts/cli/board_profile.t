@@ -3,7 +3,7 @@ board none
 $ cfgtool -d fanlevel -v 19
 | open cli.conf file fails.
 > 2C 15  00 00 13       < 00 00
-| Set fan level successfully.
+done| Set fan level successfully.
 > 30 91  D9 7E 00 02    < 00 D9 7E 00 00
 |"Current Mode:        Auto \r\n"
 log 2 Fan "Set fan level(19) success,EvtCode:0x20E004F0"
@@ -11,23 +11,23 @@ log 2 Fan "Set fan level(19) success,EvtCode:0x20E004F0"
 # the minimum fan level of the file
 board "[FRU_PROPERTITY]\nFru_Num=1\n[FAN_PROPERTITY]\nFAN_MinLevel=20\n"
 $ cfgtool -d fanlevel -v 19
-| Fanlevel must not be lower than 20 percent.
+refuse| Fanlevel must not be lower than 20 percent.
 
 # a fan section without a level: 30
 board "[FAN_PROPERTITY]\nOther=1\n"
 $ cfgtool -d fanlevel -v 19
-| Fanlevel must not be lower than 30 percent.
+refuse| Fanlevel must not be lower than 30 percent.
 
 # an empty level: 30
 board "[FAN_PROPERTITY]\nFAN_MinLevel=\n"
 $ cfgtool -d fanlevel -v 19
-| Fanlevel must not be lower than 30 percent.
+refuse| Fanlevel must not be lower than 30 percent.
 
 # no fan section: no minimum
 board "[FRU_PROPERTITY]\nFru_Num=1\n"
 $ cfgtool -d fanlevel -v 19
 > 2C 15  00 00 13       < 00 00
-| Set fan level successfully.
+done| Set fan level successfully.
 > 30 91  D9 7E 00 02    < 00 D9 7E 00 00
 |"Current Mode:        Auto \r\n"
 log 2 Fan "Set fan level(19) success,EvtCode:0x20E004F0"
@@ -36,7 +36,7 @@ log 2 Fan "Set fan level(19) success,EvtCode:0x20E004F0"
 board "[FAN_PROPERTY]\nFAN_MinLevel=20\n"
 $ cfgtool -d fanlevel -v 19
 > 2C 15  00 00 13       < 00 00
-| Set fan level successfully.
+done| Set fan level successfully.
 > 30 91  D9 7E 00 02    < 00 D9 7E 00 00
 |"Current Mode:        Auto \r\n"
 log 2 Fan "Set fan level(19) success,EvtCode:0x20E004F0"
@@ -45,7 +45,7 @@ log 2 Fan "Set fan level(19) success,EvtCode:0x20E004F0"
 board "[FAN_PROPERTITY]\nFAN_MinLevel=20\n[FRU_PROPERTITY]\nFru_Num=1\n"
 $ cfgtool -d fanlevel -v 19
 > 2C 15  00 00 13       < 00 00
-| Set fan level successfully.
+done| Set fan level successfully.
 > 30 91  D9 7E 00 02    < 00 D9 7E 00 00
 |"Current Mode:        Auto \r\n"
 log 2 Fan "Set fan level(19) success,EvtCode:0x20E004F0"
@@ -53,18 +53,18 @@ log 2 Fan "Set fan level(19) success,EvtCode:0x20E004F0"
 # without a FRU section the fan section is searched from the start
 board "[FAN_PROPERTITY]\nFAN_MinLevel=20\n[MAC_PROPERTITY]\nMAC_Num=2\nMAC_Name=NIC\n"
 $ cfgtool -d fanlevel -v 19
-| Fanlevel must not be lower than 20 percent.
+refuse| Fanlevel must not be lower than 20 percent.
 
 # a level is the number the value begins with
 board "[FAN_PROPERTITY]\nFAN_MinLevel=25percent\n"
 $ cfgtool -d fanlevel -v 19
-| Fanlevel must not be lower than 25 percent.
+refuse| Fanlevel must not be lower than 25 percent.
 
 # a level that is no number counts as 0
 board "[FAN_PROPERTITY]\nFAN_MinLevel=many\n"
 $ cfgtool -d fanlevel -v 19
 > 2C 15  00 00 13       < 00 00
-| Set fan level successfully.
+done| Set fan level successfully.
 > 30 91  D9 7E 00 02    < 00 D9 7E 00 00
 |"Current Mode:        Auto \r\n"
 log 2 Fan "Set fan level(19) success,EvtCode:0x20E004F0"
@@ -72,50 +72,50 @@ log 2 Fan "Set fan level(19) success,EvtCode:0x20E004F0"
 # a level beyond 32 bits is the largest there is
 board "[FAN_PROPERTITY]\nFAN_MinLevel=99999999999999999999\n"
 $ cfgtool -d fanlevel -v 19
-| Fanlevel must not be lower than 2147483647 percent.
+refuse| Fanlevel must not be lower than 2147483647 percent.
 
 # the number of MAC addresses of the file
 board "[MAC_PROPERTITY]\nMAC_Num=2\nMAC_Name=NIC\n"
 $ cfgtool -t eth0 -d sideband
-|"Usage: cfgtool -t eth0 -d sideband -v <port1-port2> \r\n"
+usage|"Usage: cfgtool -t eth0 -d sideband -v <port1-port2> \r\n"
 
 # what the board reports replaces it
 result get_mac_num 4
 board "[MAC_PROPERTITY]\nMAC_Num=2\nMAC_Name=NIC\n"
 $ cfgtool -t eth0 -d sideband
-|"Usage: cfgtool -t eth0 -d sideband -v <port1-port4> \r\n"
+usage|"Usage: cfgtool -t eth0 -d sideband -v <port1-port4> \r\n"
 
 # a board that reports less than one is not heard
 result get_mac_num -1
 board "[MAC_PROPERTITY]\nMAC_Num=2\nMAC_Name=NIC\n"
 $ cfgtool -t eth0 -d sideband
-|"Usage: cfgtool -t eth0 -d sideband -v <port1-port2> \r\n"
+usage|"Usage: cfgtool -t eth0 -d sideband -v <port1-port2> \r\n"
 
 # a MAC section without a number: told so, and 10
 board "[MAC_PROPERTITY]\nMAC_Name=NIC\n"
 $ cfgtool -t eth0 -d sideband
 |"\r\nGet MAC_Num fail \r\n"
-|"Usage: cfgtool -t eth0 -d sideband -v <port1-port10> \r\n"
+usage|"Usage: cfgtool -t eth0 -d sideband -v <port1-port10> \r\n"
 
 # told so also where the board knows
 result get_mac_num 4
 board "[MAC_PROPERTITY]\nMAC_Num=\nMAC_Name=NIC\n"
 $ cfgtool -t eth0 -d sideband
 |"\r\nGet MAC_Num fail \r\n"
-|"Usage: cfgtool -t eth0 -d sideband -v <port1-port4> \r\n"
+usage|"Usage: cfgtool -t eth0 -d sideband -v <port1-port4> \r\n"
 
 # a MAC section without a name: told so
 board "[MAC_PROPERTITY]\nMAC_Num=2\n"
 $ cfgtool -t eth0 -d sideband
 |
 | Get MAC_Name fail 2
-|"Usage: cfgtool -t eth0 -d sideband -v <port1-port2> \r\n"
+usage|"Usage: cfgtool -t eth0 -d sideband -v <port1-port2> \r\n"
 
 # without a MAC section the board is not asked
 result get_mac_num 4
 board "[FRU_PROPERTITY]\nFru_Num=1\n"
 $ cfgtool -t eth0 -d sideband
-|"Usage: cfgtool -t eth0 -d sideband -v <port1-port0> \r\n"
+usage|"Usage: cfgtool -t eth0 -d sideband -v <port1-port0> \r\n"
 
 # start-up and tear-down, call by call
 calls shown
@@ -134,10 +134,10 @@ call get_mac_num
 call KeySearch 61 "MAC_Name"
 call CfgFileClose
 call vos_get_file_length "/data/blacklist"
-| Usage: cfgtool -d fanmode -v <mode> [timeout]
-| Modes are:
-|     0    auto regulate fan speed, without parameter [timeout]
-|     1    manual regulate fan speed, with parameter [timeout], timeout range <0-100000000>
+usage| Usage: cfgtool -d fanmode -v <mode> [timeout]
+usage| Modes are:
+usage|     0    auto regulate fan speed, without parameter [timeout]
+usage|     1    manual regulate fan speed, with parameter [timeout], timeout range <0-100000000>
 call ipc_exit
 call cpld_clean
 call fpga_clean
@@ -148,18 +148,18 @@ result fpga_Init -1
 result ipc_no_listen_init -1
 $ cfgtool -d fanlevel
 | ipmc_init: ipc_no_listen_init CLI_MODULE_PORT failed!
-| Usage: cfgtool -d fanlevel -v <value>
+usage| Usage: cfgtool -d fanlevel -v <value>
 
 # lines that end in carriage return and line feed
 board "[FRU_PROPERTITY]\r\nFru_Num=1\r\n[FAN_PROPERTITY]\r\nFAN_MinLevel=20\r\n"
 $ cfgtool -d fanlevel -v 19
-| Fanlevel must not be lower than 20 percent.
+refuse| Fanlevel must not be lower than 20 percent.
 
 # an empty file: no minimum, and nothing missing is told
 board ""
 $ cfgtool -d fanlevel -v 19
 > 2C 15  00 00 13       < 00 00
-| Set fan level successfully.
+done| Set fan level successfully.
 > 30 91  D9 7E 00 02    < 00 D9 7E 00 00
 |"Current Mode:        Auto \r\n"
 log 2 Fan "Set fan level(19) success,EvtCode:0x20E004F0"
@@ -168,7 +168,7 @@ log 2 Fan "Set fan level(19) success,EvtCode:0x20E004F0"
 board "[FAN_PROPERTITY]\nFAN_MinLevel=-99999999999999999999\n"
 $ cfgtool -d fanlevel -v 19
 > 2C 15  00 00 13       < 00 00
-| Set fan level successfully.
+done| Set fan level successfully.
 > 30 91  D9 7E 00 02    < 00 D9 7E 00 00
 |"Current Mode:        Auto \r\n"
 log 2 Fan "Set fan level(19) success,EvtCode:0x20E004F0"
@@ -176,39 +176,39 @@ log 2 Fan "Set fan level(19) success,EvtCode:0x20E004F0"
 # a key of another section does not count
 board "[FAN_PROPERTITY]\n[MAC_PROPERTITY]\nFAN_MinLevel=20\nMAC_Num=2\nMAC_Name=NIC\n"
 $ cfgtool -d fanlevel -v 29
-| Fanlevel must not be lower than 30 percent.
+refuse| Fanlevel must not be lower than 30 percent.
 
 # a MAC section in front of the fan section is not found, and nothing of it is told
 board "[MAC_PROPERTITY]\n[FAN_PROPERTITY]\nFAN_MinLevel=20\n"
 $ cfgtool -t eth0 -d sideband
-|"Usage: cfgtool -t eth0 -d sideband -v <port1-port0> \r\n"
+usage|"Usage: cfgtool -t eth0 -d sideband -v <port1-port0> \r\n"
 
 # without a fan section the MAC section is searched from the start, be it in front of the FRU section
 board "[MAC_PROPERTITY]\nMAC_Num=3\nMAC_Name=NIC\n[FRU_PROPERTITY]\nFru_Num=1\n"
 $ cfgtool -t eth0 -d sideband
-|"Usage: cfgtool -t eth0 -d sideband -v <port1-port3> \r\n"
+usage|"Usage: cfgtool -t eth0 -d sideband -v <port1-port3> \r\n"
 
 # an empty MAC section: both are told, the number first, before the command says anything
 board "[MAC_PROPERTITY]\n"
 $ cfgtool -t eth0 -d sideband
 |"\r\nGet MAC_Num fail \r\n"
 |"\r\nGet MAC_Name fail 2\r\n"
-|"Usage: cfgtool -t eth0 -d sideband -v <port1-port10> \r\n"
+usage|"Usage: cfgtool -t eth0 -d sideband -v <port1-port10> \r\n"
 
 # empty values of the MAC section are told as missing ones are
 board "[MAC_PROPERTITY]\nMAC_Num=\nMAC_Name=\n"
 $ cfgtool -t eth0 -d sideband
 |"\r\nGet MAC_Num fail \r\n"
 |"\r\nGet MAC_Name fail 2\r\n"
-|"Usage: cfgtool -t eth0 -d sideband -v <port1-port10> \r\n"
+usage|"Usage: cfgtool -t eth0 -d sideband -v <port1-port10> \r\n"
 
 # a number of MAC addresses beyond 32 bits is the largest there is
 board "[MAC_PROPERTITY]\nMAC_Num=99999999999999999999\nMAC_Name={N*100000}\n"
 $ cfgtool -t eth0 -d sideband
-|"Usage: cfgtool -t eth0 -d sideband -v <port1-port2147483647> \r\n"
+usage|"Usage: cfgtool -t eth0 -d sideband -v <port1-port2147483647> \r\n"
 
 # a board that does not know its number of MAC addresses is not heard
 result get_mac_num 0
 board "[MAC_PROPERTITY]\nMAC_Num=2\nMAC_Name=NIC\n"
 $ cfgtool -t eth0 -d sideband
-|"Usage: cfgtool -t eth0 -d sideband -v <port1-port2> \r\n"
+usage|"Usage: cfgtool -t eth0 -d sideband -v <port1-port2> \r\n"

@@ -1,11 +1,11 @@
 # What is asked and what an answer counts as. Each command's own transcripts show what comes of it.
 
 steps asked
-|"This operation will reboot IPMC system. Continue? [Y/N]:"
+confirm|"This operation will reboot IPMC system. Continue? [Y/N]:"
 
 steps done
 > 06 02  < 00
-| Resetting...
+done| Resetting...
 log 2 Zentro "Reset Zentro success,EvtCode:0x202001E0"
 
 # confirmation: y goes on
@@ -36,39 +36,43 @@ do done
 $ cfgtool -d reset
 do asked
 keys "n\n"
+refuse|""
 
 # confirmation: N ends it in silence
 $ cfgtool -d reset
 do asked
 keys "N\n"
+refuse|""
 
 # confirmation: no counts as n
 $ cfgtool -d reset
 do asked
 keys "no\n"
+refuse|""
 
 # confirmation: ny ends it
 $ cfgtool -d reset
 do asked
 keys "ny\n"
+refuse|""
 
 # confirmation: 1 is no answer
 $ cfgtool -d reset
 do asked
 keys "1\n"
-| Input character invalid.
+refuse| Input character invalid.
 
 # confirmation: a blank in front of y makes it another character
 $ cfgtool -d reset
 do asked
 keys " y\n"
-| Input character invalid.
+refuse| Input character invalid.
 
 # confirmation: Enter alone is no answer
 $ cfgtool -d reset
 do asked
 keys "\n"
-| Input character invalid.
+refuse| Input character invalid.
 
 # confirmation: a carriage return is an Enter on a terminal
 $ cfgtool -d reset
@@ -80,19 +84,19 @@ do done
 $ cfgtool -d reset
 do asked
 keys "\x1By\n"
-| Input character invalid.
+refuse| Input character invalid.
 
 # confirmation: the character with the highest code is no answer
 $ cfgtool -d reset
 do asked
 keys "\xFFy\n"
-| Input character invalid.
+refuse| Input character invalid.
 
 # confirmation: the end of the input, Ctrl-D on an empty line, is no answer
 $ cfgtool -d reset
 do asked
 keys "\x04"
-| Input character invalid.
+refuse| Input character invalid.
 
 # confirmation: Ctrl-D behind a letter hands it over
 $ cfgtool -d reset
@@ -116,23 +120,25 @@ do done
 $ cfgtool -d reset
 do asked
 keys "yes\x15n\n"
+refuse|""
 
 # confirmation: an input without anything is no answer, and the prompt is shown all the same
 $ cfgtool -d reset
 do asked
-| Input character invalid.
+refuse| Input character invalid.
 
 # confirmation: a closed standard input is no answer
 $ cfgtool -d reset
 closed 0
 do asked
-| Input character invalid.
+refuse| Input character invalid.
 
 # confirmation: the prompt shows at once where lines are held back
 $ cfgtool -d reset
 screen file
 do asked
 keys "n\n"
+refuse|""
 
 # confirmation: the terminal stays in the mode that it is in
 $ cfgtool -d reset
@@ -146,19 +152,22 @@ $ cfgtool -d sel -v clear
 $ cfgtool -t fru0 -d sel -v clear
 $ cfgtool -d clearcmos
 |"WARNING: The operation may have many adverse effects\r\n"
-|"Do you want to continue?[Y/N]:"
+confirm|"Do you want to continue?[Y/N]:"
 keys "n\n"
+refuse|""
 
 # confirmation: an invalid answer behind a warning
 $ cfgtool -d sel -v clear
 $ cfgtool -d clearcmos
-|"WARNING: The operation may have many adverse effects\r\nDo you want to continue?[Y/N]:"
+| WARNING: The operation may have many adverse effects
+confirm|"Do you want to continue?[Y/N]:"
 keys "0\n"
-|"Input character invalid.\r\n"
+refuse|"Input character invalid.\r\n"
 
 # confirmation: yes behind a warning goes on
 $ cfgtool -d sel -v clear
-|"WARNING: The operation may have many adverse effects\r\nDo you want to continue?[Y/N]:"
+| WARNING: The operation may have many adverse effects
+confirm|"Do you want to continue?[Y/N]:"
 keys "Yes\n"
 > 0A 42  < C1
-| Clear SEL failed, error code: 0xA4200C1
+fail| Clear SEL failed, error code: 0xA4200C1

@@ -17,18 +17,18 @@ $ cfgtool -d printscreen
 $ cfgtool -d timezone
 $ cfgtool -d remotemanageid
 $ cfgtool -d httphost
-| Insufficient privilege level
+refuse| Insufficient privilege level
 
 # and every dataitem of fru0
 uid 500
 $ cfgtool -t fru0 -d shutdowntimeout
 $ cfgtool -t fru0 -d sel
-| Insufficient privilege level
+refuse| Insufficient privilege level
 
 # and every dataitem of led
 uid 500
 $ cfgtool -t led -d ledstate
-| Insufficient privilege level
+refuse| Insufficient privilege level
 
 # and every dataitem of eth0
 uid 500
@@ -39,7 +39,7 @@ $ cfgtool -t eth0 -d gateway6
 $ cfgtool -t eth0 -d mode
 $ cfgtool -t eth0 -d sideband
 $ cfgtool -t eth0 -d vlan
-| Insufficient privilege level
+refuse| Insufficient privilege level
 
 # and every dataitem of sensor
 uid 500
@@ -52,7 +52,7 @@ $ cfgtool -t sensor -d uppernonrecoverable
 $ cfgtool -t sensor -d uppercritical
 $ cfgtool -t sensor -d uppernoncritical
 $ cfgtool -t sensor -d test
-| Insufficient privilege level
+refuse| Insufficient privilege level
 
 # and every dataitem of trap
 uid 500
@@ -65,7 +65,7 @@ $ cfgtool -t trap -d community
 $ cfgtool -t trap -d address
 $ cfgtool -t trap -d port
 $ cfgtool -t trap -d mode
-| Insufficient privilege level
+refuse| Insufficient privilege level
 
 # and every dataitem of maintenance
 uid 500
@@ -74,84 +74,84 @@ $ cfgtool -t maintenance -d downloadbios
 $ cfgtool -t maintenance -d upgradebios
 $ cfgtool -t maintenance -d zntool
 $ cfgtool -t maintenance -d biosprint
-| Insufficient privilege level
+refuse| Insufficient privilege level
 
 # powerstate does, and records the refusal
 uid 500
 $ cfgtool -d powerstate
 $ cfgtool -t fru0 -d powerstate
-| Insufficient privilege level
+refuse| Insufficient privilege level
 log 2 Host "Host power control fail,EvtCode:0x20100011"
 
 # frucontrol does, and records the refusal
 uid 500
 $ cfgtool -d frucontrol
 $ cfgtool -t fru0 -d frucontrol
-| Insufficient privilege level
+refuse| Insufficient privilege level
 log 2 Host "Host power control fail,EvtCode:0x20100011"
 
 # rollback does, and records the refusal
 uid 500
 $ cfgtool -d rollback
-| Insufficient privilege level
+refuse| Insufficient privilege level
 log 2 Firmware "Initiate Zentro manual rollback fail,EvtCode:0x20B003F1"
 
 # adduser does, and records the refusal
 uid 500
 $ cfgtool -d adduser
-| Insufficient privilege level
+refuse| Insufficient privilege level
 log 1 User "Add user fail,EvtCode:0x11100561"
 
 # deluser does, and records the refusal
 uid 500
 $ cfgtool -d deluser
-| Insufficient privilege level
+refuse| Insufficient privilege level
 log 1 User "Delete user fail,EvtCode:0x111005A1"
 
 # passwordcomplexity does, and records the refusal
 uid 500
 $ cfgtool -d passwordcomplexity
-| Insufficient privilege level
+refuse| Insufficient privilege level
 log 1 User "Enable/Disable local user password complexity check fail, EvtCode:0x11100BD1"
 
 # unlock does, and records the refusal
 uid 500
 $ cfgtool -t user -d unlock
-| Insufficient privilege level
+refuse| Insufficient privilege level
 log 1 User "Set user unlock status fail,EvtCode:0x11100CC1"
 
 # webrestart does, and records the refusal
 uid 500
 $ cfgtool -t maintenance -d webrestart
-| Insufficient privilege level
+refuse| Insufficient privilege level
 log 2 Zentro "Restart web service fail, EvtCode:0x202014E1"
 
 # service state does, and records the refusal
 uid 500
 $ cfgtool -t service -d state
-| Insufficient privilege level
+refuse| Insufficient privilege level
 log 2 Zentro "Enable/Disable service fail,EvtCode:0x202001A1"
 
 # service port looks at its words first
 uid 500
 $ cfgtool -t service -d port
-|"Usage: \r\n"
-|        cfgtool -t service -d port -v <webssl> <portvalue(1~65535)>
+usage|"Usage: \r\n"
+usage|        cfgtool -t service -d port -v <webssl> <portvalue(1~65535)>
 log 2 Zentro "Set Web Server HTTPS service port fail, EvtCode:0x202001B1"
 
 # password looks at its words first
 uid 500
 $ cfgtool -d password
-| cfgtool -d password -v <username>
+usage| cfgtool -d password -v <username>
 log 1 User "Modify user password fail,EvtCode:0x11100581"
 
 # privilege looks at its words first
 uid 500
 $ cfgtool -d privilege
-| cfgtool -d privilege -v <username> <privilege>
-| Privileges are:
-|     15       No Access
-|     2        User
-|     3        Operator
-|     4        Administrator
+usage| cfgtool -d privilege -v <username> <privilege>
+usage| Privileges are:
+usage|     15       No Access
+usage|     2        User
+usage|     3        Operator
+usage|     4        Administrator
 log 1 User "Modify user privilege fail,EvtCode:0x11100591"

@@ -6,7 +6,7 @@ $ cfgtool -d shutdowntimeout -v 60
 > 00 08  00 01        < 00
 signal TERM
 > 00 08  62 58 02     < 00
-| Set shutdown timeout successfully.
+done| Set shutdown timeout successfully.
 log 2 Host "Set graceful shutdown timeout(60 seconds) success,EvtCode:0x20100090"
 > 00 08  00 00        < 00
 ends TERM
@@ -16,7 +16,7 @@ $ cfgtool -d shutdowntimeout -v 60
 > 00 08  00 01        < 00
 > 00 08  62 58 02     < 00
 signal INT
-| Set shutdown timeout successfully.
+done| Set shutdown timeout successfully.
 log 2 Host "Set graceful shutdown timeout(60 seconds) success,EvtCode:0x20100090"
 > 00 08  00 00        < 00
 ends INT
@@ -25,7 +25,7 @@ ends INT
 $ cfgtool -d shutdowntimeout -v 60
 > 00 08  00 01        < 00
 > 00 08  62 58 02     < 00
-| Set shutdown timeout successfully.
+done| Set shutdown timeout successfully.
 log 2 Host "Set graceful shutdown timeout(60 seconds) success,EvtCode:0x20100090"
 > 00 08  00 00        < 00
 signal HUP
@@ -37,6 +37,7 @@ $ cfgtool -d shutdowntimeout -v 60
 > 00 08  62 58 02     < silent
 signal QUIT
 |"Select OutTime \r\n"
+fail 40000001|""
 > 00 08  00 00        < 00
 ends QUIT
 
@@ -46,7 +47,7 @@ $ cfgtool -d shutdowntimeout -v 60
 > 00 08  62 58 02     < CC
 signal TERM
 > 00 08  00 00        < 00
-| Set shutdown timeout failed, error code: 0x862CC
+fail| Set shutdown timeout failed, error code: 0x862CC
 ends TERM
 
 # signals: what was said is not lost where lines are held back
@@ -57,7 +58,7 @@ screen file
 signal TERM
 log 2 Host "Set graceful shutdown timeout(60 seconds) success,EvtCode:0x20100090"
 > 00 08  00 00        < 00
-| Set shutdown timeout successfully.
+done| Set shutdown timeout successfully.
 ends TERM
 
 # signals: of several the one with the lowest number ends the tool, and none is lost on the others' account
@@ -66,7 +67,7 @@ $ cfgtool -d shutdowntimeout -v 60
 signal TERM
 > 00 08  62 58 02     < 00
 signal INT
-| Set shutdown timeout successfully.
+done| Set shutdown timeout successfully.
 log 2 Host "Set graceful shutdown timeout(60 seconds) success,EvtCode:0x20100090"
 > 00 08  00 00        < 00
 ends INT
@@ -83,7 +84,7 @@ $ cfgtool -d bootdevice -v 1
 > 00 08  00 01        < 00
 signal ALRM
 > 00 08  05 80 04 00 00 00  < 00
-| Set boot device successfully.
+done| Set boot device successfully.
 log 2 Host "Set system boot device(PXE) success,EvtCode:0x20100080"
 > 00 08  00 00        < 00
 ends ALRM
@@ -93,7 +94,7 @@ $ cfgtool -d bioswriteprotect -v 1
 > 00 08  00 01        < 00
 signal XCPU
 > 00 08  63 01        < 00
-| Enable BIOS write protection successfully.
+done| Enable BIOS write protection successfully.
 > 00 08  00 00        < 00
 ends XCPU
 
@@ -103,7 +104,7 @@ $ cfgtool -t eth0 -d gateway -v 10.1.2.3
 signal TERM
 > 0C 01  01 0C 0A 01 02 03  < 00
 > 0C 01  01 00 00           < 00
-| Set gateway success.
+done| Set gateway success.
 log 2 Network "Set Mgmt Eth IPv4 gateway(10.1.2.3) success,EvtCode:0x21200670"
 ends TERM
 
@@ -113,7 +114,7 @@ $ cfgtool -t eth0 -d gateway -v 10.1.2.3
 > 0C 01  01 0C 0A 01 02 03  < 00
 signal INT
 > 0C 01  01 00 00           < 00
-| Set gateway success.
+done| Set gateway success.
 log 2 Network "Set Mgmt Eth IPv4 gateway(10.1.2.3) success,EvtCode:0x21200670"
 ends INT
 
@@ -123,14 +124,14 @@ $ cfgtool -t eth0 -d gateway -v 10.1.2.3
 > 0C 01  01 0C 0A 01 02 03  < 00
 > 0C 01  01 00 00           < 00
 signal HUP
-| Set gateway success.
+done| Set gateway success.
 log 2 Network "Set Mgmt Eth IPv4 gateway(10.1.2.3) success,EvtCode:0x21200670"
 ends HUP
 
 # signals: one that comes while the BIOS flash is the controller's waits until it is the host's again and that is recorded
 $ cfgtool -t maintenance -d upgradebios -v /tmp/BIOS.bin
 file /tmp/BIOS.bin zeros 8388608
-|"This operation will upgrade BIOS. Continue? [Y/N]:"
+confirm|"This operation will upgrade BIOS. Continue? [Y/N]:"
 keys "y\n"
 call vos_get_file_length "/tmp/BIOS.bin"
 | size of /tmp/BIOS.bin is 8388608
@@ -141,6 +142,7 @@ signal TERM
 call set_bios_owner 0
 call vos_system "/sbin/rmmod" "/sbin/rmmod" "/ko/m25p80.ko"
 log 2 BIOS " Upgrade bios from /tmp/BIOS.bin success, EvtCode:0x217014A0"
+done|""
 ends TERM
 
 # signals: outside of all that one ends the tool at once
@@ -151,18 +153,18 @@ ends TERM
 
 # signals: a reader that goes away is no reason to end
 $ cfgtool -d reset
-|"This operation will reboot IPMC system. Continue? [Y/N]:"
+confirm|"This operation will reboot IPMC system. Continue? [Y/N]:"
 keys "y\n"
 > 06 02  < 00
 signal PIPE
-| Resetting...
+done| Resetting...
 log 2 Zentro "Reset Zentro success,EvtCode:0x202001E0"
 
 # signals: nor is the limit on a file's size
 $ cfgtool -d reset
-|"This operation will reboot IPMC system. Continue? [Y/N]:"
+confirm|"This operation will reboot IPMC system. Continue? [Y/N]:"
 keys "y\n"
 > 06 02  < 00
 signal XFSZ
-| Resetting...
+done| Resetting...
 log 2 Zentro "Reset Zentro success,EvtCode:0x202001E0"

@@ -1,13 +1,14 @@
 # A community is typed as a password is, but for its limit, and twice. The platform's test for blanks shows what was taken.
 
 steps asked again
-|"Confirm Community:"
+hidden|"Confirm Community:"
 hidden "\r"
-|"\nConfirm Community error.\r\n"
+|"\n"
+refuse| Confirm Community error.
 
 # typed community: eight characters and Enter; a line feed alone follows
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "Tricorn8\r"
 |"\n"
 call vos_check_incorrect_char "Tricorn8" " "
@@ -16,7 +17,7 @@ secret "Tricorn8"
 
 # typed community: eighteen characters ring no bell
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "Tricorn-and-Bicorn\r"
 |"\n"
 call vos_check_incorrect_char "Tricorn-and-Bicorn" " "
@@ -25,7 +26,7 @@ secret "Tricorn-and-Bicorn"
 
 # typed community: of 21 characters the first 18 are kept, and three bells rung
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "Tricorn-and-Bicorn123\r"
 |"\a\a\a\n"
 call vos_check_incorrect_char "Tricorn-and-Bicorn" " "
@@ -34,18 +35,18 @@ secret "Tricorn-and-Bicorn"
 
 # typed community: Enter at once is an empty one, and not none
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "\r"
 |"\n"
-| Usage: cfgtool -t trap -d community
-|     Contains 1-18 characters.
-|     Contains any digits, letters, or symbols except spaces.
-|     You must add blackslashes (\) before the following characters: ~!@#$%^&*()-=_+{}[]\|:;'"<>?,./
-|     For example, tes\<a\|b\>t.
+usage| Usage: cfgtool -t trap -d community
+usage|     Contains 1-18 characters.
+usage|     Contains any digits, letters, or symbols except spaces.
+usage|     You must add blackslashes (\) before the following characters: ~!@#$%^&*()-=_+{}[]\|:;'"<>?,./
+usage|     For example, tes\<a\|b\>t.
 
 # typed community: backspace and delete take back the last character, and ring where there is none
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "\x08\x7FTricornXY\x08\x7F8\r"
 |"\a\a\n"
 call vos_check_incorrect_char "Tricorn8" " "
@@ -54,7 +55,7 @@ secret "Tricorn8"
 
 # typed community: an erase makes room behind eighteen characters
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "Tricorn-and-BicornX\x7F?\r"
 |"\a\n"
 call vos_check_incorrect_char "Tricorn-and-Bicor?" " "
@@ -63,7 +64,7 @@ secret "Tricorn-and-Bicor?"
 
 # typed community: code 26 is the lowest character
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "\x1A\x1B\x1C\x1D\x1E\x1F\r"
 |"\n"
 call vos_check_incorrect_char "\x1A\x1B\x1C\x1D\x1E\x1F" " "
@@ -71,7 +72,7 @@ do asked again
 
 # typed community: code 126 is the highest
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "}~\r"
 |"\n"
 call vos_check_incorrect_char "}~" " "
@@ -79,7 +80,7 @@ do asked again
 
 # typed community: Ctrl-C ends it as Enter does
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "Tricorn8\x03"
 |"\n"
 call vos_check_incorrect_char "Tricorn8" " "
@@ -87,7 +88,7 @@ do asked again
 
 # typed community: code 25, below the characters, ends it
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "Tricorn8\x19"
 |"\n"
 call vos_check_incorrect_char "Tricorn8" " "
@@ -95,7 +96,7 @@ do asked again
 
 # typed community: code 128, above the characters, ends it
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "Tricorn8\x80"
 |"\n"
 call vos_check_incorrect_char "Tricorn8" " "
@@ -103,7 +104,8 @@ do asked again
 
 # typed community: an input that is no terminal gives none
 $ cfgtool -t trap -d community
-|"New Community:Usage: Input New Community error \r\n"
+hidden|"New Community:"
+refuse|"Usage: Input New Community error \r\n"
 
 # typed community: a terminal that cannot be put in raw mode at the second prompt gives no second one
 $ cfgtool -t trap -d community
@@ -129,21 +131,23 @@ result tcsetattr 0
 result tcsetattr 0
 result tcsetattr 0
 result tcsetattr -1
-|"New Community:"
+hidden|"New Community:"
 hidden "Tricorn8\r"
 |"\n"
 call vos_check_incorrect_char "Tricorn8" " "
 secret "Tricorn8"
-|"Confirm Community:Confirm Community error \r\n"
+hidden|"Confirm Community:"
+refuse|"Confirm Community error \r\n"
 
 # typed community: two that differ are not confused, though both are typed into the same place; both are forgotten
 $ cfgtool -t trap -d community
 secret "Bandicoot"
-|"New Community:"
+hidden|"New Community:"
 hidden "Tricorn8\r"
 |"\n"
 call vos_check_incorrect_char "Tricorn8" " "
 secret "Tricorn8"
-|"Confirm Community:"
+hidden|"Confirm Community:"
 hidden "Bandicoot\r"
-|"\nConfirm Community error.\r\n"
+|"\n"
+refuse| Confirm Community error.

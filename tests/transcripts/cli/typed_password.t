@@ -14,14 +14,14 @@ do nobody for 3..17
 
 steps asked
 do users
-|"Input your password:"
+hidden|"Input your password:"
 
 steps refused
-| Incorrect password.
+refuse 30910082| Incorrect password.
 log 1 User "Delete user fail,EvtCode:0x111005A1"
 
 steps not typed
-| Input your password error.
+refuse| Input your password error.
 log 1 User "Delete user fail,EvtCode:0x111005A1"
 
 # typed password: eight characters and Enter, padded to twenty bytes; a line feed alone follows
@@ -284,14 +284,15 @@ do asked
 hidden "Sesame-1\r"
 > 30 91  CHECK 53 65 73 61 6D 65 2D 31 00 00 00 00 00 00 00 00 00 00 00 00  < 82
 log 1 User "Delete user fail,EvtCode:0x111005A1"
-|"\nIncorrect password.\r\n"
+|"\n"
+refuse 30910082| Incorrect password.
 
 # typed password: each key is read in a mode of its own, and the terminal is at last as it was
 $ cfgtool -d deluser -v bob
 modes shown
 do users
 mode hidden
-|"Input your password:"
+hidden|"Input your password:"
 hidden "ab\r"
 mode raw
 mode hidden
@@ -363,12 +364,13 @@ secret "Sesame-1"
 do users
 secret "Foxglove 2"
 secret "Bluebell 3"
-|"New password:"
+hidden|"New password:"
 hidden "Foxglove 2\r"
-|"\nConfirm password:"
+|"\n"
+hidden|"Confirm password:"
 hidden "Bluebell 3\r"
 |"\n"
-| Confirm password error.
+refuse| Confirm password error.
 log 1 User "Modify user(admin|user2) password fail,EvtCode:0x11100581"
 
 # typed password: one that was typed twice is sent once and forgotten at the answer
@@ -379,12 +381,13 @@ hidden "Sesame-1\r"
 > 30 91  CHECK 53 65 73 61 6D 65 2D 31 00 00 00 00 00 00 00 00 00 00 00 00  < 00
 secret "Sesame-1"
 do users
-|"New password:"
+hidden|"New password:"
 hidden "Foxglove 2\r"
-|"\nConfirm password:"
+|"\n"
+hidden|"Confirm password:"
 hidden "Foxglove 2\r"
 |"\n"
 > 06 47  82 02 46 6F 78 67 6C 6F 76 65 20 32 00 00 00 00 00 00 00 00 00 00  < 00
 secret "Foxglove 2"
-|"\nSet user password successfully.\r\n"
+done|"\nSet user password successfully.\r\n"
 log 1 User "Modify user(admin|user2) password success,EvtCode:0x11100580"

@@ -3,7 +3,7 @@ $ cfgtool -t eth0 -d gateway -v 192.168.1.254
 > 0C 01  01 00 01           < 00         # set in progress
 > 0C 01  01 0C C0 A8 01 FE  < 00         # default gateway, high octet first
 > 0C 01  01 00 00           < 00         # set complete
-| Set gateway success.
+done| Set gateway success.
 log 2 Network "Set Mgmt Eth IPv4 gateway(192.168.1.254) success,EvtCode:0x21200670"
 
 # gateway takes every form of address that inet_aton takes: two parts
@@ -11,7 +11,7 @@ $ cfgtool -t eth0 -d gateway -v 10.1
 > 0C 01  01 00 01           < 00
 > 0C 01  01 0C 0A 00 00 01  < 00
 > 0C 01  01 00 00           < 00
-| Set gateway success.
+done| Set gateway success.
 log 2 Network "Set Mgmt Eth IPv4 gateway(10.1) success,EvtCode:0x21200670"
 
 # gateway: one number
@@ -19,7 +19,7 @@ $ cfgtool -t eth0 -d gateway -v 16909060
 > 0C 01  01 00 01           < 00
 > 0C 01  01 0C 01 02 03 04  < 00
 > 0C 01  01 00 00           < 00
-| Set gateway success.
+done| Set gateway success.
 log 2 Network "Set Mgmt Eth IPv4 gateway(16909060) success,EvtCode:0x21200670"
 
 # gateway: octal and hexadecimal parts, as many digits as one likes
@@ -27,7 +27,7 @@ $ cfgtool -t eth0 -d gateway -v 0xC0.0250.0001.0xfe
 > 0C 01  01 00 01           < 00
 > 0C 01  01 0C C0 A8 01 FE  < 00
 > 0C 01  01 00 00           < 00
-| Set gateway success.
+done| Set gateway success.
 log 2 Network "Set Mgmt Eth IPv4 gateway(0xC0.0250.0001.0xfe) success,EvtCode:0x21200670"
 
 # gateway: no rule for interfaces holds
@@ -35,7 +35,7 @@ $ cfgtool -t eth0 -d gateway -v 0.0.0.0
 > 0C 01  01 00 01           < 00
 > 0C 01  01 0C 00 00 00 00  < 00
 > 0C 01  01 00 00           < 00
-| Set gateway success.
+done| Set gateway success.
 log 2 Network "Set Mgmt Eth IPv4 gateway(0.0.0.0) success,EvtCode:0x21200670"
 
 # gateway: whether the bracket closes makes no difference after a success
@@ -44,7 +44,7 @@ $ cfgtool -t eth0 -d gateway -v 224.0.0.1
 > 0C 01  01 0C E0 00 00 01  < 00
 > 0C 01  01 00 00           < silent
 |"Select OutTime \r\n"
-| Set gateway success.
+done| Set gateway success.
 log 2 Network "Set Mgmt Eth IPv4 gateway(224.0.0.1) success,EvtCode:0x21200670"
 
 # gateway: an operator may not, with words or without
@@ -52,7 +52,7 @@ uid 503
 $ cfgtool -t eth0 -d gateway -v 10.1
 $ cfgtool -t eth0 -d gateway
 > 06 44  01 03              < 00 11 05 01 03
-| Insufficient privilege level
+refuse| Insufficient privilege level
 
 # gateway: too few words, too many, another first one
 $ cfgtool -t eth0 -d gateway
@@ -61,7 +61,7 @@ $ cfgtool -t eth0 -d gateway 10.1
 $ cfgtool -t eth0 -d gateway -x 10.1
 $ cfgtool -t eth0 -d gateway 10.1 -v
 $ cfgtool -t eth0 -d gateway -v 10.1 10.2
-| Usage: cfgtool -t eth0 -d gateway -v <gateway>
+usage| Usage: cfgtool -t eth0 -d gateway -v <gateway>
 
 # gateway: a text that is no address, or 255.255.255.255: nothing is sent
 $ cfgtool -t eth0 -d gateway -v 1.2.3.256
@@ -72,42 +72,42 @@ $ cfgtool -t eth0 -d gateway -v fe80::1
 $ cfgtool -t eth0 -d gateway -v ''
 $ cfgtool -t eth0 -d gateway -v 255.255.255.255
 $ cfgtool -t eth0 -d gateway -v 0xFFFFFFFF
-| Input parameter format invalid.
+refuse| Input parameter format invalid.
 
 # gateway: opening is refused: told, and not closed
 $ cfgtool -t eth0 -d gateway -v 10.1
 > 0C 01  01 00 01           < 81
-| Set gateway failed, error code: 0xC010181
+fail| Set gateway failed, error code: 0xC010181
 
 # gateway: opening is not answered: told, and not closed
 $ cfgtool -t eth0 -d gateway -v 10.1
 > 0C 01  01 00 01           < silent
 |"Select OutTime \r\n"
-| Set gateway failed, error code: 0x40000001
+fail| Set gateway failed, error code: 0x40000001
 
 # gateway: opening is not sent: told, and not closed
 $ cfgtool -t eth0 -d gateway -v 10.1
 > 0C 01  01 00 01           < unsent
-| Set gateway failed, error code: 0x40000000
+fail| Set gateway failed, error code: 0x40000000
 
 # gateway: not answered: told, then closed
 $ cfgtool -t eth0 -d gateway -v 10.1
 > 0C 01  01 00 01           < 00
 > 0C 01  01 0C 0A 00 00 01  < silent
 |"Select OutTime \r\n"
-| Set gateway failed, error code: 0x40000001
+fail| Set gateway failed, error code: 0x40000001
 > 0C 01  01 00 00           < C1
 
 # gateway: not sent: told, then closed
 $ cfgtool -t eth0 -d gateway -v 10.1
 > 0C 01  01 00 01           < 00
 > 0C 01  01 0C 0A 00 00 01  < unsent
-| Set gateway failed, error code: 0x40000000
+fail| Set gateway failed, error code: 0x40000000
 > 0C 01  01 00 00           < 00
 
 # gateway: refused: told, then closed
 $ cfgtool -t eth0 -d gateway -v 10.1
 > 0C 01  01 00 01           < 00
 > 0C 01  01 0C 0A 00 00 01  < 80
-| Set gateway failed, error code: 0xC010C80
+fail| Set gateway failed, error code: 0xC010C80
 > 0C 01  01 00 00           < C1

@@ -5,8 +5,8 @@ $ cfgtool -t eth0 -d ipaddr -v 192.168.1.1 255.255.255.0
 log 2 Network "Set Mgmt Eth IPv4 address(192.168.1.1) success,EvtCode:0x21200650"
 > 0C 01  01 06 FF FF FF 00  < 00         # subnet mask
 log 2 Network "Set Mgmt Eth IPv4 submask(255.255.255.0) success,EvtCode:0x21200660"
-| Set IP address 192.168.1.1 successfully.
-| Set MASK address 255.255.255.0 successfully.
+done| Set IP address 192.168.1.1 successfully.
+done| Set MASK address 255.255.255.0 successfully.
 > 0C 01  01 00 00           < 00         # set complete
 
 # ipaddr: a group with a leading 0 is octal on the wire, and recorded as typed
@@ -16,8 +16,8 @@ $ cfgtool -t eth0 -d ipaddr -v 192.168.010.1 255.255.255.0
 log 2 Network "Set Mgmt Eth IPv4 address(192.168.010.1) success,EvtCode:0x21200650"
 > 0C 01  01 06 FF FF FF 00  < 00
 log 2 Network "Set Mgmt Eth IPv4 submask(255.255.255.0) success,EvtCode:0x21200660"
-| Set IP address 192.168.010.1 successfully.
-| Set MASK address 255.255.255.0 successfully.
+done| Set IP address 192.168.010.1 successfully.
+done| Set MASK address 255.255.255.0 successfully.
 > 0C 01  01 00 00           < 00
 
 # ipaddr: the mask may have any form that inet_aton takes: one number
@@ -27,8 +27,8 @@ $ cfgtool -t eth0 -d ipaddr -v 10.0.0.5 0xFF000000
 log 2 Network "Set Mgmt Eth IPv4 address(10.0.0.5) success,EvtCode:0x21200650"
 > 0C 01  01 06 FF 00 00 00  < 00
 log 2 Network "Set Mgmt Eth IPv4 submask(0xFF000000) success,EvtCode:0x21200660"
-| Set IP address 10.0.0.5 successfully.
-| Set MASK address 0xFF000000 successfully.
+done| Set IP address 10.0.0.5 successfully.
+done| Set MASK address 0xFF000000 successfully.
 > 0C 01  01 00 00           < 00
 
 # ipaddr: the mask may have any form that inet_aton takes: something behind a blank
@@ -38,8 +38,8 @@ $ cfgtool -t eth0 -d ipaddr -v 10.0.0.5 '255.0377.0.0 and more'
 log 2 Network "Set Mgmt Eth IPv4 address(10.0.0.5) success,EvtCode:0x21200650"
 > 0C 01  01 06 FF FF 00 00  < 00
 log 2 Network "Set Mgmt Eth IPv4 submask(255.0377.0.0 and more) success,EvtCode:0x21200660"
-| Set IP address 10.0.0.5 successfully.
-| Set MASK address 255.0377.0.0 and more successfully.
+done| Set IP address 10.0.0.5 successfully.
+done| Set MASK address 255.0377.0.0 and more successfully.
 > 0C 01  01 00 00           < 00
 
 # ipaddr: a record is cut to 511 characters, the screen is not
@@ -49,8 +49,8 @@ $ cfgtool -t eth0 -d ipaddr -v 10.0.0.5 0x{0*600}FF000000
 log 2 Network "Set Mgmt Eth IPv4 address(10.0.0.5) success,EvtCode:0x21200650"
 > 0C 01  01 06 FF 00 00 00  < 00
 log 2 Network "Set Mgmt Eth IPv4 submask(0x{0*483}"
-| Set IP address 10.0.0.5 successfully.
-|"Set MASK address 0x{0*600}FF000000 successfully.\r\n"
+done| Set IP address 10.0.0.5 successfully.
+done|"Set MASK address 0x{0*600}FF000000 successfully.\r\n"
 > 0C 01  01 00 00           < 00
 
 # ipaddr: whether the bracket closes makes no difference after a success
@@ -60,15 +60,15 @@ $ cfgtool -t eth0 -d ipaddr -v 172.16.31.200 255.240.0.0
 log 2 Network "Set Mgmt Eth IPv4 address(172.16.31.200) success,EvtCode:0x21200650"
 > 0C 01  01 06 FF F0 00 00  < 00
 log 2 Network "Set Mgmt Eth IPv4 submask(255.240.0.0) success,EvtCode:0x21200660"
-| Set IP address 172.16.31.200 successfully.
-| Set MASK address 255.240.0.0 successfully.
+done| Set IP address 172.16.31.200 successfully.
+done| Set MASK address 255.240.0.0 successfully.
 > 0C 01  01 00 00           < C1
 
 # ipaddr dhcp: the source is set and recorded before the bracket closes
 $ cfgtool -t eth0 -d ipaddr -v dhcp
 > 0C 01  01 00 01           < 00
 > 0C 01  01 04 02           < 00         # IP address source
-| Set DHCP mode successfully.
+done| Set DHCP mode successfully.
 log 2 Network "Set Mgmt Eth IPv4 address source(dhcp) success,EvtCode:0x21200640"
 > 0C 01  01 00 00           < 00
 
@@ -76,7 +76,7 @@ log 2 Network "Set Mgmt Eth IPv4 address source(dhcp) success,EvtCode:0x21200640
 $ cfgtool -t eth0 -d ipaddr -v static
 > 0C 01  01 00 01           < 00
 > 0C 01  01 04 01           < 00
-| Set STATIC mode successfully.
+done| Set STATIC mode successfully.
 log 2 Network "Set Mgmt Eth IPv4 address source(static) success,EvtCode:0x21200640"
 > 0C 01  01 00 00           < 00
 
@@ -84,7 +84,7 @@ log 2 Network "Set Mgmt Eth IPv4 address source(static) success,EvtCode:0x212006
 $ cfgtool -t eth0 -d ipaddr -v dhcp{ x*256}
 > 0C 01  01 00 01           < 00
 > 0C 01  01 04 02           < 00
-| Set DHCP mode successfully.
+done| Set DHCP mode successfully.
 log 2 Network "Set Mgmt Eth IPv4 address source(dhcp) success,EvtCode:0x21200640"
 > 0C 01  01 00 00           < 00
 
@@ -94,7 +94,7 @@ $ cfgtool -t eth0 -d ipaddr -v 192.168.1.1 255.255.255.0
 $ cfgtool -t eth0 -d ipaddr -v dhcp
 $ cfgtool -t eth0 -d ipaddr
 > 06 44  01 03              < 00 11 05 01 03
-| Insufficient privilege level
+refuse| Insufficient privilege level
 
 # ipaddr: an administrator may
 uid 503
@@ -102,7 +102,7 @@ $ cfgtool -t eth0 -d ipaddr -v dhcp
 > 06 44  01 03              < 00 11 05 01 04
 > 0C 01  01 00 01           < 00
 > 0C 01  01 04 02           < 00
-| Set DHCP mode successfully.
+done| Set DHCP mode successfully.
 log 2 Network "Set Mgmt Eth IPv4 address source(dhcp) success,EvtCode:0x21200640"
 > 0C 01  01 00 00           < 00
 
@@ -115,8 +115,8 @@ $ cfgtool -t eth0 -d ipaddr dhcp -v
 $ cfgtool -t eth0 -d ipaddr -V 10.0.0.5 255.0.0.0
 $ cfgtool -t eth0 -d ipaddr 10.0.0.5 255.0.0.0 -v
 $ cfgtool -t eth0 -d ipaddr -v 10.0.0.5 255.0.0.0 10.0.0.1
-| Usage: cfgtool -t eth0 -d ipaddr -v <ipaddr> <mask>
-|        cfgtool -t eth0 -d ipaddr -v <dhcp|static>
+usage| Usage: cfgtool -t eth0 -d ipaddr -v <ipaddr> <mask>
+usage|        cfgtool -t eth0 -d ipaddr -v <dhcp|static>
 
 # ipaddr: a source that is neither word to the letter: usage, inside the bracket
 $ cfgtool -t eth0 -d ipaddr -v DHCP
@@ -126,8 +126,8 @@ $ cfgtool -t eth0 -d ipaddr -v dhcp6
 $ cfgtool -t eth0 -d ipaddr -v ''
 $ cfgtool -t eth0 -d ipaddr -v 10.0.0.5
 > 0C 01  01 00 01           < 00
-| Usage: cfgtool -t eth0 -d ipaddr -v <ipaddr> <mask>
-|        cfgtool -t eth0 -d ipaddr -v <dhcp|static>
+usage| Usage: cfgtool -t eth0 -d ipaddr -v <ipaddr> <mask>
+usage|        cfgtool -t eth0 -d ipaddr -v <dhcp|static>
 > 0C 01  01 00 00           < 00
 
 # ipaddr: a text that is no address
@@ -141,7 +141,7 @@ $ cfgtool -t eth0 -d ipaddr -v dhcp 255.0.0.0
 $ cfgtool -t eth0 -d ipaddr -v '' 255.0.0.0
 $ cfgtool -t eth0 -d ipaddr -v {9*5000} 255.0.0.0
 > 0C 01  01 00 01           < 00
-| Input parameter format error,format should such as 192.168.1.1
+refuse| Input parameter format error,format should such as 192.168.1.1
 > 0C 01  01 00 00           < 00
 
 # ipaddr: a text that is no mask
@@ -150,7 +150,7 @@ $ cfgtool -t eth0 -d ipaddr -v 10.0.0.5 255.0.0.0/8
 $ cfgtool -t eth0 -d ipaddr -v 10.0.0.5 x
 $ cfgtool -t eth0 -d ipaddr -v 10.0.0.5 ''
 > 0C 01  01 00 01           < 00
-| Input parameter format error,format should such as 192.168.1.1
+refuse| Input parameter format error,format should such as 192.168.1.1
 > 0C 01  01 00 00           < 00
 
 # ipaddr: 255.255.255.255 is no address and no mask, however it is written
@@ -161,7 +161,7 @@ $ cfgtool -t eth0 -d ipaddr -v 255.255.255.255 255.0.0.0
 $ cfgtool -t eth0 -d ipaddr -v 0xFFFFFFFF 255.0.0.0
 $ cfgtool -t eth0 -d ipaddr -v 127.0.0.5 255.255.255.255
 > 0C 01  01 00 01           < 00
-| Input parameter format error,format should such as 192.168.1.1
+refuse| Input parameter format error,format should such as 192.168.1.1
 > 0C 01  01 00 00           < 00
 
 # ipaddr: an address that inet_aton takes but that is no dotted quad
@@ -171,13 +171,13 @@ $ cfgtool -t eth0 -d ipaddr -v 167772165 255.0.0.0
 $ cfgtool -t eth0 -d ipaddr -v 0x0A.0.0.5 255.0.0.0
 $ cfgtool -t eth0 -d ipaddr -v '10.0.0.5 ' 255.0.0.0
 > 0C 01  01 00 01           < 00
-| Input parameter format error.
+refuse| Input parameter format error.
 > 0C 01  01 00 00           < 00
 
 # ipaddr: 16 characters are too many for an address
 $ cfgtool -t eth0 -d ipaddr -v 192.168.100.0100 255.255.255.0
 > 0C 01  01 00 01           < 00
-| Input parameter format error.
+refuse| Input parameter format error.
 > 0C 01  01 00 00           < 00
 
 # ipaddr: 15 are not, and no one counts the last group's digits
@@ -187,22 +187,22 @@ $ cfgtool -t eth0 -d ipaddr -v 192.168.10.0100 255.255.255.0
 log 2 Network "Set Mgmt Eth IPv4 address(192.168.10.0100) success,EvtCode:0x21200650"
 > 0C 01  01 06 FF FF FF 00  < 00
 log 2 Network "Set Mgmt Eth IPv4 submask(255.255.255.0) success,EvtCode:0x21200660"
-| Set IP address 192.168.10.0100 successfully.
-| Set MASK address 255.255.255.0 successfully.
+done| Set IP address 192.168.10.0100 successfully.
+done| Set MASK address 255.255.255.0 successfully.
 > 0C 01  01 00 00           < 00
 
 # ipaddr: a group of four digits is told with its place
 $ cfgtool -t eth0 -d ipaddr -v 0001.2.3.4 255.0.0.0
 > 0C 01  01 00 01           < 00
-| IPCheck:ucDigitNum=4,i =4
-| Input parameter format error.
+refuse| IPCheck:ucDigitNum=4,i =4
+refuse| Input parameter format error.
 > 0C 01  01 00 00           < 00
 
 # ipaddr: so is one of five further behind
 $ cfgtool -t eth0 -d ipaddr -v 1.20.00003.4 255.0.0.0
 > 0C 01  01 00 01           < 00
-| IPCheck:ucDigitNum=5,i =10
-| Input parameter format error.
+refuse| IPCheck:ucDigitNum=5,i =10
+refuse| Input parameter format error.
 > 0C 01  01 00 00           < 00
 
 # ipaddr: a mask with a gap, or of zeros, is refused
@@ -212,7 +212,7 @@ $ cfgtool -t eth0 -d ipaddr -v 192.168.1.1 255.255
 $ cfgtool -t eth0 -d ipaddr -v 192.168.1.1 0.0.0.0
 $ cfgtool -t eth0 -d ipaddr -v 192.168.1.1 1
 > 0C 01  01 00 01           < 00
-| Input parameter format error.
+refuse| Input parameter format error.
 > 0C 01  01 00 00           < 00
 
 # ipaddr: a host part of zeros or of ones is refused
@@ -223,14 +223,14 @@ $ cfgtool -t eth0 -d ipaddr -v 192.168.1.7 255.255.255.252
 $ cfgtool -t eth0 -d ipaddr -v 192.168.1.4 255.255.255.254
 $ cfgtool -t eth0 -d ipaddr -v 192.168.1.5 255.255.255.254
 > 0C 01  01 00 01           < 00
-| Input parameter format error.
+refuse| Input parameter format error.
 > 0C 01  01 00 00           < 00
 
 # ipaddr: a network part of zeros is refused
 $ cfgtool -t eth0 -d ipaddr -v 1.2.3.4 128.0.0.0
 $ cfgtool -t eth0 -d ipaddr -v 15.0.0.1 240.0.0.0
 > 0C 01  01 00 01           < 00
-| Input parameter format error.
+refuse| Input parameter format error.
 > 0C 01  01 00 00           < 00
 
 # ipaddr: networks 0, 127 and from 224 on are not for interfaces
@@ -240,7 +240,7 @@ $ cfgtool -t eth0 -d ipaddr -v 127.0.0.5 255.0.0.0
 $ cfgtool -t eth0 -d ipaddr -v 224.0.0.5 255.255.255.0
 $ cfgtool -t eth0 -d ipaddr -v 254.1.2.3 255.255.255.0
 > 0C 01  01 00 01           < 00
-| Input parameter format error.
+refuse| Input parameter format error.
 > 0C 01  01 00 00           < 00
 
 # ipaddr: 223 is the last network that is
@@ -250,60 +250,60 @@ $ cfgtool -t eth0 -d ipaddr -v 223.255.255.254 255.255.255.0
 log 2 Network "Set Mgmt Eth IPv4 address(223.255.255.254) success,EvtCode:0x21200650"
 > 0C 01  01 06 FF FF FF 00  < 00
 log 2 Network "Set Mgmt Eth IPv4 submask(255.255.255.0) success,EvtCode:0x21200660"
-| Set IP address 223.255.255.254 successfully.
-| Set MASK address 255.255.255.0 successfully.
+done| Set IP address 223.255.255.254 successfully.
+done| Set MASK address 255.255.255.0 successfully.
 > 0C 01  01 00 00           < 00
 
 # ipaddr: opening is refused: closed all the same, then told
 $ cfgtool -t eth0 -d ipaddr -v 192.168.1.1 255.255.255.0
 > 0C 01  01 00 01           < 81
 > 0C 01  01 00 00           < 00
-| Set IP address failed, error code: 0xC010181
+fail| Set IP address failed, error code: 0xC010181
 
 # ipaddr: opening is not answered
 $ cfgtool -t eth0 -d ipaddr -v 192.168.1.1 255.255.255.0
 > 0C 01  01 00 01           < silent
 |"Select OutTime \r\n"
 > 0C 01  01 00 00           < 00
-| Set IP address failed, error code: 0x40000001
+fail| Set IP address failed, error code: 0x40000001
 
 # ipaddr: neither opening nor closing can be sent
 $ cfgtool -t eth0 -d ipaddr -v 192.168.1.1 255.255.255.0
 > 0C 01  01 00 01           < unsent
 > 0C 01  01 00 00           < unsent
-| Set IP address failed, error code: 0x40000000
+fail| Set IP address failed, error code: 0x40000000
 
 # ipaddr: what is told is the code after closing
 $ cfgtool -t eth0 -d ipaddr -v 192.168.1.1 255.255.255.0
 > 0C 01  01 00 01           < C0
 > 0C 01  01 00 00           < D5
-| Set IP address failed, error code: 0xC0100D5
+fail| Set IP address failed, error code: 0xC0100D5
 
 # ipaddr: texts are not looked at before the bracket is open
 $ cfgtool -t eth0 -d ipaddr -v nonsense nonsense
 > 0C 01  01 00 01           < C0
 > 0C 01  01 00 00           < 00
-| Set IP address failed, error code: 0xC0101C0
+fail| Set IP address failed, error code: 0xC0101C0
 
 # ipaddr dhcp: opening is refused
 $ cfgtool -t eth0 -d ipaddr -v dhcp
 > 0C 01  01 00 01           < C0
 > 0C 01  01 00 00           < 00
-| Set DHCP mode failed, error code: 0xC0101C0
+fail| Set DHCP mode failed, error code: 0xC0101C0
 
 # ipaddr static: opening is refused. Any word but dhcp is called static here
 $ cfgtool -t eth0 -d ipaddr -v static
 $ cfgtool -t eth0 -d ipaddr -v DHCP
 > 0C 01  01 00 01           < C0
 > 0C 01  01 00 00           < 00
-| Set static mode failed, error code: 0xC0101C0
+fail| Set static mode failed, error code: 0xC0101C0
 
 # ipaddr dhcp: the code told is the one after closing
 $ cfgtool -t eth0 -d ipaddr -v dhcp
 > 0C 01  01 00 01           < silent
 |"Select OutTime \r\n"
 > 0C 01  01 00 00           < C1
-| Set DHCP mode failed, error code: 0xC0100C1
+fail| Set DHCP mode failed, error code: 0xC0100C1
 
 # ipaddr dhcp: not answered: closed, then told
 $ cfgtool -t eth0 -d ipaddr -v dhcp
@@ -311,20 +311,20 @@ $ cfgtool -t eth0 -d ipaddr -v dhcp
 > 0C 01  01 04 02           < silent
 |"Select OutTime \r\n"
 > 0C 01  01 00 00           < 00
-| Set IP mode failed,error code:0x40000001
+fail| Set IP mode failed,error code:0x40000001
 
 # ipaddr static: not sent, and closing is refused: closing's code is told
 $ cfgtool -t eth0 -d ipaddr -v static
 > 0C 01  01 00 01           < 00
 > 0C 01  01 04 01           < unsent
 > 0C 01  01 00 00           < C1
-| Set IP mode failed,error code:0xC0100C1
+fail| Set IP mode failed,error code:0xC0100C1
 
 # ipaddr dhcp: refused: told, then closed
 $ cfgtool -t eth0 -d ipaddr -v dhcp
 > 0C 01  01 00 01           < 00
 > 0C 01  01 04 02           < 80
-| Set IP mode failed,error code:0xC010480
+fail| Set IP mode failed,error code:0xC010480
 > 0C 01  01 00 00           < C1
 
 # ipaddr: the address is not answered: closed, then told
@@ -333,20 +333,20 @@ $ cfgtool -t eth0 -d ipaddr -v 192.168.1.1 255.255.255.0
 > 0C 01  01 03 C0 A8 01 01  < silent
 |"Select OutTime \r\n"
 > 0C 01  01 00 00           < 00
-| Set IP address failed, error code: 0x40000001
+fail| Set IP address failed, error code: 0x40000001
 
 # ipaddr: the address is answered with what belongs to others, and closing fails too: closing's code is told
 $ cfgtool -t eth0 -d ipaddr -v 192.168.1.1 255.255.255.0
 > 0C 01  01 00 01           < 00
 > 0C 01  01 03 C0 A8 01 01  < sequence
 > 0C 01  01 00 00           < unsent
-| Set IP address failed, error code: 0x40000000
+fail| Set IP address failed, error code: 0x40000000
 
 # ipaddr: the address is refused: told, then closed
 $ cfgtool -t eth0 -d ipaddr -v 192.168.1.1 255.255.255.0
 > 0C 01  01 00 01           < 00
 > 0C 01  01 03 C0 A8 01 01  < CC
-| Set IP address failed, error code: 0xC0103CC
+fail| Set IP address failed, error code: 0xC0103CC
 > 0C 01  01 00 00           < C1
 
 # ipaddr: the mask is not answered: closed, then told with two blanks; the address stays
@@ -357,7 +357,7 @@ log 2 Network "Set Mgmt Eth IPv4 address(192.168.1.1) success,EvtCode:0x21200650
 > 0C 01  01 06 FF FF FF 00  < silent
 |"Select OutTime \r\n"
 > 0C 01  01 00 00           < 00
-| Set MASK address  failed, error code: 0x40000001
+fail| Set MASK address  failed, error code: 0x40000001
 
 # ipaddr: the mask is not sent, and closing is refused: closing's code is told
 $ cfgtool -t eth0 -d ipaddr -v 192.168.1.1 255.255.255.0
@@ -366,7 +366,7 @@ $ cfgtool -t eth0 -d ipaddr -v 192.168.1.1 255.255.255.0
 log 2 Network "Set Mgmt Eth IPv4 address(192.168.1.1) success,EvtCode:0x21200650"
 > 0C 01  01 06 FF FF FF 00  < unsent
 > 0C 01  01 00 00           < FF
-| Set MASK address  failed, error code: 0xC0100FF
+fail| Set MASK address  failed, error code: 0xC0100FF
 
 # ipaddr: the mask is refused: told, then closed
 $ cfgtool -t eth0 -d ipaddr -v 192.168.1.1 255.255.255.0
@@ -374,7 +374,7 @@ $ cfgtool -t eth0 -d ipaddr -v 192.168.1.1 255.255.255.0
 > 0C 01  01 03 C0 A8 01 01  < 00
 log 2 Network "Set Mgmt Eth IPv4 address(192.168.1.1) success,EvtCode:0x21200650"
 > 0C 01  01 06 FF FF FF 00  < C9
-| Set MASK address  failed, error code: 0xC0106C9
+fail| Set MASK address  failed, error code: 0xC0106C9
 > 0C 01  01 00 00           < silent
 |"Select OutTime \r\n"
 
@@ -382,4 +382,4 @@ log 2 Network "Set Mgmt Eth IPv4 address(192.168.1.1) success,EvtCode:0x21200650
 $ cfgtool -t eth0 -d ipaddr -v dhcp
 > 0C 01  01 00 01           < unsent
 > 0C 01  01 00 00           < 00
-| Set DHCP mode failed, error code: 0x40000000
+fail| Set DHCP mode failed, error code: 0x40000000

@@ -5,7 +5,7 @@ $ cfgtool -t eth0 -d ipaddr6 -v 2001:db8:1:2:3:4:5:6/64
 log 2 Network "Set Mgmt Eth IPv6 address(2001:db8:1:2:3:4:5:6) success,EvtCode:0x21200690"
 > 0C 01  01 CD D9 7E 00  40 < 00         # prefix length
 log 2 Network "Set Mgmt Eth IPv6 prefix length(64) success,EvtCode:0x212006A0"
-| Set IPv6 address successfully.
+done| Set IPv6 address successfully.
 > 0C 01  01 00 00           < 00         # set complete
 
 # ipaddr6: 128 is no limit of a prefix length
@@ -15,7 +15,7 @@ $ cfgtool -t eth0 -d ipaddr6 -v fe80::1/200
 log 2 Network "Set Mgmt Eth IPv6 address(fe80::1) success,EvtCode:0x21200690"
 > 0C 01  01 CD D9 7E 00  C8 < 00
 log 2 Network "Set Mgmt Eth IPv6 prefix length(200) success,EvtCode:0x212006A0"
-| Set IPv6 address successfully.
+done| Set IPv6 address successfully.
 > 0C 01  01 00 00           < 00
 
 # ipaddr6: the low eight bits of the prefix length are sent, all of it is recorded
@@ -25,7 +25,7 @@ $ cfgtool -t eth0 -d ipaddr6 -v fe80::1/321
 log 2 Network "Set Mgmt Eth IPv6 address(fe80::1) success,EvtCode:0x21200690"
 > 0C 01  01 CD D9 7E 00  41 < 00
 log 2 Network "Set Mgmt Eth IPv6 prefix length(321) success,EvtCode:0x212006A0"
-| Set IPv6 address successfully.
+done| Set IPv6 address successfully.
 > 0C 01  01 00 00           < 00
 
 # ipaddr6: the largest prefix length is 2^31-1
@@ -35,7 +35,7 @@ $ cfgtool -t eth0 -d ipaddr6 -v fe80::1/{9*300}
 log 2 Network "Set Mgmt Eth IPv6 address(fe80::1) success,EvtCode:0x21200690"
 > 0C 01  01 CD D9 7E 00  FF < 00
 log 2 Network "Set Mgmt Eth IPv6 prefix length(2147483647) success,EvtCode:0x212006A0"
-| Set IPv6 address successfully.
+done| Set IPv6 address successfully.
 > 0C 01  01 00 00           < 00
 
 # ipaddr6: a prefix length may be hexadecimal
@@ -46,7 +46,7 @@ $ cfgtool -t eth0 -d ipaddr6 -v fe80::1/0X40
 log 2 Network "Set Mgmt Eth IPv6 address(fe80::1) success,EvtCode:0x21200690"
 > 0C 01  01 CD D9 7E 00  40 < 00
 log 2 Network "Set Mgmt Eth IPv6 prefix length(64) success,EvtCode:0x212006A0"
-| Set IPv6 address successfully.
+done| Set IPv6 address successfully.
 > 0C 01  01 00 00           < 00
 
 # ipaddr6: no prefix length behind the slash is 0
@@ -56,7 +56,7 @@ $ cfgtool -t eth0 -d ipaddr6 -v fe80::1/
 log 2 Network "Set Mgmt Eth IPv6 address(fe80::1) success,EvtCode:0x21200690"
 > 0C 01  01 CD D9 7E 00  00 < 00
 log 2 Network "Set Mgmt Eth IPv6 prefix length(0) success,EvtCode:0x212006A0"
-| Set IPv6 address successfully.
+done| Set IPv6 address successfully.
 > 0C 01  01 00 00           < 00
 
 # ipaddr6: a text that is no address sends the all-zero one
@@ -66,7 +66,7 @@ $ cfgtool -t eth0 -d ipaddr6 -v nonsense/64
 log 2 Network "Set Mgmt Eth IPv6 address(nonsense) success,EvtCode:0x21200690"
 > 0C 01  01 CD D9 7E 00  40 < 00
 log 2 Network "Set Mgmt Eth IPv6 prefix length(64) success,EvtCode:0x212006A0"
-| Set IPv6 address successfully.
+done| Set IPv6 address successfully.
 > 0C 01  01 00 00           < 00
 
 # ipaddr6: so does an IPv4 address
@@ -76,7 +76,7 @@ $ cfgtool -t eth0 -d ipaddr6 -v 192.168.1.1/24
 log 2 Network "Set Mgmt Eth IPv6 address(192.168.1.1) success,EvtCode:0x21200690"
 > 0C 01  01 CD D9 7E 00  18 < 00
 log 2 Network "Set Mgmt Eth IPv6 prefix length(24) success,EvtCode:0x212006A0"
-| Set IPv6 address successfully.
+done| Set IPv6 address successfully.
 > 0C 01  01 00 00           < 00
 
 # ipaddr6: so does nothing in front of the slash
@@ -86,7 +86,7 @@ $ cfgtool -t eth0 -d ipaddr6 -v /64
 log 2 Network "Set Mgmt Eth IPv6 address() success,EvtCode:0x21200690"
 > 0C 01  01 CD D9 7E 00  40 < 00
 log 2 Network "Set Mgmt Eth IPv6 prefix length(64) success,EvtCode:0x212006A0"
-| Set IPv6 address successfully.
+done| Set IPv6 address successfully.
 > 0C 01  01 00 00           < 00
 
 # ipaddr6: an address is cut to 45 characters, what is behind them is not seen
@@ -98,7 +98,7 @@ $ cfgtool -t eth0 -d ipaddr6 -v 0000:0000:0000:0000:0000:ffff:255.255.255.254{x*
 log 2 Network "Set Mgmt Eth IPv6 address(0000:0000:0000:0000:0000:ffff:255.255.255.254) success,EvtCode:0x21200690"
 > 0C 01  01 CD D9 7E 00  60 < 00
 log 2 Network "Set Mgmt Eth IPv6 prefix length(96) success,EvtCode:0x212006A0"
-| Set IPv6 address successfully.
+done| Set IPv6 address successfully.
 > 0C 01  01 00 00           < 00
 
 # ipaddr6: a third word is ignored, behind an address
@@ -108,7 +108,7 @@ $ cfgtool -t eth0 -d ipaddr6 -v fe80::1/64 extra
 log 2 Network "Set Mgmt Eth IPv6 address(fe80::1) success,EvtCode:0x21200690"
 > 0C 01  01 CD D9 7E 00  40 < 00
 log 2 Network "Set Mgmt Eth IPv6 prefix length(64) success,EvtCode:0x212006A0"
-| Set IPv6 address successfully.
+done| Set IPv6 address successfully.
 > 0C 01  01 00 00           < 00
 
 # ipaddr6: a third word is ignored, behind a source
@@ -116,7 +116,7 @@ $ cfgtool -t eth0 -d ipaddr6 -v dhcp extra
 $ cfgtool -t eth0 -d ipaddr6 -v dhcp fe80::1/64
 > 0C 01  01 00 01           < 00
 > 0C 01  01 D0 D9 7E 00  02 < 00         # address source
-| Set DHCP mode successfully.
+done| Set DHCP mode successfully.
 log 2 Network "Set Mgmt Eth IPv6 address source(dhcp) success,EvtCode:0x21200680"
 > 0C 01  01 00 00           < 00
 
@@ -124,7 +124,7 @@ log 2 Network "Set Mgmt Eth IPv6 address source(dhcp) success,EvtCode:0x21200680
 $ cfgtool -t eth0 -d ipaddr6 -v dhcp
 > 0C 01  01 00 01           < 00
 > 0C 01  01 D0 D9 7E 00  02 < 00
-| Set DHCP mode successfully.
+done| Set DHCP mode successfully.
 log 2 Network "Set Mgmt Eth IPv6 address source(dhcp) success,EvtCode:0x21200680"
 > 0C 01  01 00 00           < C1
 
@@ -132,7 +132,7 @@ log 2 Network "Set Mgmt Eth IPv6 address source(dhcp) success,EvtCode:0x21200680
 $ cfgtool -t eth0 -d ipaddr6 -v static
 > 0C 01  01 00 01           < 00
 > 0C 01  01 D0 D9 7E 00  01 < 00
-| Set STATIC mode successfully.
+done| Set STATIC mode successfully.
 log 2 Network "Set Mgmt Eth IPv6 address source(static) success,EvtCode:0x21200680"
 > 0C 01  01 00 00           < 00
 
@@ -142,7 +142,7 @@ $ cfgtool -t eth0 -d ipaddr6 -v fe80::1/64
 $ cfgtool -t eth0 -d ipaddr6 -v dhcp
 $ cfgtool -t eth0 -d ipaddr6
 > 06 44  01 03              < 00 11 05 01 03
-| Insufficient privilege level
+refuse| Insufficient privilege level
 
 # ipaddr6: too few words, too many, another first one: usage, and nothing is sent
 $ cfgtool -t eth0 -d ipaddr6
@@ -151,8 +151,8 @@ $ cfgtool -t eth0 -d ipaddr6 -x dhcp
 $ cfgtool -t eth0 -d ipaddr6 fe80::1/64 -v
 $ cfgtool -t eth0 -d ipaddr6 -V dhcp extra
 $ cfgtool -t eth0 -d ipaddr6 -v dhcp extra words
-| Usage: cfgtool -t eth0 -d ipaddr6 -v <ipaddr6/prefixlen(0~128)>
-|        cfgtool -t eth0 -d ipaddr6 -v <dhcp|static>
+usage| Usage: cfgtool -t eth0 -d ipaddr6 -v <ipaddr6/prefixlen(0~128)>
+usage|        cfgtool -t eth0 -d ipaddr6 -v <dhcp|static>
 
 # ipaddr6: without a slash it must be a source, to the letter: usage, inside the bracket
 $ cfgtool -t eth0 -d ipaddr6 -v DHCP
@@ -162,8 +162,8 @@ $ cfgtool -t eth0 -d ipaddr6 -v fe80::1 64
 $ cfgtool -t eth0 -d ipaddr6 -v nonsense dhcp
 $ cfgtool -t eth0 -d ipaddr6 -v ''
 > 0C 01  01 00 01           < 00
-| Usage: cfgtool -t eth0 -d ipaddr6 -v <ipaddr6/prefixlen(0~128)>
-|        cfgtool -t eth0 -d ipaddr6 -v <dhcp|static>
+usage| Usage: cfgtool -t eth0 -d ipaddr6 -v <ipaddr6/prefixlen(0~128)>
+usage|        cfgtool -t eth0 -d ipaddr6 -v <dhcp|static>
 > 0C 01  01 00 00           < 00
 
 # ipaddr6: a prefix length that is no number: the usage's first line, inside the bracket
@@ -174,7 +174,7 @@ $ cfgtool -t eth0 -d ipaddr6 -v fe80::1/0x
 $ cfgtool -t eth0 -d ipaddr6 -v fe80::1/64/64
 $ cfgtool -t eth0 -d ipaddr6 -v dhcp/x
 > 0C 01  01 00 01           < 00
-| Usage: cfgtool -t eth0 -d ipaddr6 -v <ipaddr6/prefixlen(0~128)>
+usage| Usage: cfgtool -t eth0 -d ipaddr6 -v <ipaddr6/prefixlen(0~128)>
 > 0C 01  01 00 00           < 00
 
 # ipaddr6: opening is refused, two words: closed all the same, then told as a mode, static whatever it is
@@ -183,33 +183,33 @@ $ cfgtool -t eth0 -d ipaddr6 -v static
 $ cfgtool -t eth0 -d ipaddr6 -v nonsense
 > 0C 01  01 00 01           < C0
 > 0C 01  01 00 00           < 00
-| Set static mode failed, error code: 0xC0101C0
+fail| Set static mode failed, error code: 0xC0101C0
 
 # ipaddr6 dhcp: opening is not answered
 $ cfgtool -t eth0 -d ipaddr6 -v dhcp
 > 0C 01  01 00 01           < silent
 |"Select OutTime \r\n"
 > 0C 01  01 00 00           < 00
-| Set DHCP mode failed, error code: 0x40000001
+fail| Set DHCP mode failed, error code: 0x40000001
 
 # ipaddr6: opening is refused, three words: told as an address
 $ cfgtool -t eth0 -d ipaddr6 -v fe80::1/64 extra
 $ cfgtool -t eth0 -d ipaddr6 -v dhcp extra
 > 0C 01  01 00 01           < C0
 > 0C 01  01 00 00           < 00
-| Set IPv6 address failed, error code: 0xC0101C0
+fail| Set IPv6 address failed, error code: 0xC0101C0
 
 # ipaddr6: what is told is the code after closing
 $ cfgtool -t eth0 -d ipaddr6 -v dhcp extra
 > 0C 01  01 00 01           < C0
 > 0C 01  01 00 00           < unsent
-| Set IPv6 address failed, error code: 0x40000000
+fail| Set IPv6 address failed, error code: 0x40000000
 
 # ipaddr6 dhcp: what is told is the code after closing
 $ cfgtool -t eth0 -d ipaddr6 -v dhcp
 > 0C 01  01 00 01           < unsent
 > 0C 01  01 00 00           < D5
-| Set DHCP mode failed, error code: 0xC0100D5
+fail| Set DHCP mode failed, error code: 0xC0100D5
 
 # ipaddr6 dhcp: not answered: closed, then told
 $ cfgtool -t eth0 -d ipaddr6 -v dhcp
@@ -217,20 +217,20 @@ $ cfgtool -t eth0 -d ipaddr6 -v dhcp
 > 0C 01  01 D0 D9 7E 00  02 < silent
 |"Select OutTime \r\n"
 > 0C 01  01 00 00           < 00
-| Set IP mode failed,error code:0x40000001
+fail| Set IP mode failed,error code:0x40000001
 
 # ipaddr6 static: not sent, and closing is refused: closing's code is told
 $ cfgtool -t eth0 -d ipaddr6 -v static
 > 0C 01  01 00 01           < 00
 > 0C 01  01 D0 D9 7E 00  01 < unsent
 > 0C 01  01 00 00           < C1
-| Set IP mode failed,error code:0xC0100C1
+fail| Set IP mode failed,error code:0xC0100C1
 
 # ipaddr6 static: refused: told, then closed
 $ cfgtool -t eth0 -d ipaddr6 -v static
 > 0C 01  01 00 01           < 00
 > 0C 01  01 D0 D9 7E 00  01 < 80
-| Set IP mode failed,error code:0xC01D080
+fail| Set IP mode failed,error code:0xC01D080
 > 0C 01  01 00 00           < C1
 
 # ipaddr6: the address is not answered: closed, then told
@@ -239,20 +239,20 @@ $ cfgtool -t eth0 -d ipaddr6 -v fe80::1/64
 > 0C 01  01 CC D9 7E 00  01 00 00 00 00 00 00 00 00 00 00 00 00 00 80 FE  < silent
 |"Select OutTime \r\n"
 > 0C 01  01 00 00           < 00
-| Set IP address failed, error code: 0x40000001
+fail| Set IP address failed, error code: 0x40000001
 
 # ipaddr6: the address is not sent, and closing is refused: closing's code is told
 $ cfgtool -t eth0 -d ipaddr6 -v fe80::1/64
 > 0C 01  01 00 01           < 00
 > 0C 01  01 CC D9 7E 00  01 00 00 00 00 00 00 00 00 00 00 00 00 00 80 FE  < unsent
 > 0C 01  01 00 00           < C1
-| Set IP address failed, error code: 0xC0100C1
+fail| Set IP address failed, error code: 0xC0100C1
 
 # ipaddr6: the address is refused: told, then closed
 $ cfgtool -t eth0 -d ipaddr6 -v fe80::1/64
 > 0C 01  01 00 01           < 00
 > 0C 01  01 CC D9 7E 00  01 00 00 00 00 00 00 00 00 00 00 00 00 00 80 FE  < C9
-| Set IP address failed, error code: 0xC01CCC9
+fail| Set IP address failed, error code: 0xC01CCC9
 > 0C 01  01 00 00           < C1
 
 # ipaddr6: the prefix length is refused: told, then closed; the address stays
@@ -261,7 +261,7 @@ $ cfgtool -t eth0 -d ipaddr6 -v fe80::1/64
 > 0C 01  01 CC D9 7E 00  01 00 00 00 00 00 00 00 00 00 00 00 00 00 80 FE  < 00
 log 2 Network "Set Mgmt Eth IPv6 address(fe80::1) success,EvtCode:0x21200690"
 > 0C 01  01 CD D9 7E 00  40 < CC
-| Set IP address, error code: 0xC01CDCC
+fail| Set IP address, error code: 0xC01CDCC
 > 0C 01  01 00 00           < C1
 
 # ipaddr6: the prefix length is not answered: closed, then told with the completion code of the address, not with the reason
@@ -272,7 +272,7 @@ log 2 Network "Set Mgmt Eth IPv6 address(fe80::1) success,EvtCode:0x21200690"
 > 0C 01  01 CD D9 7E 00  40 < silent
 |"Select OutTime \r\n"
 > 0C 01  01 00 00           < 00
-| Set IP address, error code: 0xC01CD00
+fail 40000001| Set IP address, error code: 0xC01CD00
 
 # ipaddr6: the prefix length is not sent, and closing is refused: of that nothing is told either
 $ cfgtool -t eth0 -d ipaddr6 -v fe80::1/64
@@ -281,17 +281,17 @@ $ cfgtool -t eth0 -d ipaddr6 -v fe80::1/64
 log 2 Network "Set Mgmt Eth IPv6 address(fe80::1) success,EvtCode:0x21200690"
 > 0C 01  01 CD D9 7E 00  40 < unsent
 > 0C 01  01 00 00           < C1
-| Set IP address, error code: 0xC01CD00
+fail 40000000| Set IP address, error code: 0xC01CD00
 
 # ipaddr6: opening is not answered, three words
 $ cfgtool -t eth0 -d ipaddr6 -v fe80::1/64 extra
 > 0C 01  01 00 01           < silent
 |"Select OutTime \r\n"
 > 0C 01  01 00 00           < 00
-| Set IPv6 address failed, error code: 0x40000001
+fail| Set IPv6 address failed, error code: 0x40000001
 
 # ipaddr6: opening is not sent, three words
 $ cfgtool -t eth0 -d ipaddr6 -v fe80::1/64 extra
 > 0C 01  01 00 01           < unsent
 > 0C 01  01 00 00           < 00
-| Set IPv6 address failed, error code: 0x40000000
+fail| Set IPv6 address failed, error code: 0x40000000

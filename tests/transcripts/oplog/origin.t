@@ -2,7 +2,7 @@
 env LOGNAME=alice
 $ cfgtool -d fanmode -v 0
 > 30 91  D9 7E 00 01 00 < 00
-| Set fan mode successfully.
+done| Set fan mode successfully.
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "alice" from "console"
 
@@ -10,7 +10,7 @@ log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "alice" from "conso
 unset LOGNAME
 $ cfgtool -d fanmode -v 0
 > 30 91  D9 7E 00 01 00 < 00
-| Set fan mode successfully.
+done| Set fan mode successfully.
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "unknown" from "console"
 
@@ -18,7 +18,7 @@ log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "unknown" from "con
 env LOGNAME=
 $ cfgtool -d fanmode -v 0
 > 30 91  D9 7E 00 01 00 < 00
-| Set fan mode successfully.
+done| Set fan mode successfully.
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "" from "console"
 
@@ -26,7 +26,7 @@ log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "" from "console"
 env LOGNAME={a*100000}
 $ cfgtool -d fanmode -v 0
 > 30 91  D9 7E 00 01 00 < 00
-| Set fan mode successfully.
+done| Set fan mode successfully.
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa" from "console"
 
@@ -34,7 +34,7 @@ log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "aaaaaaaaaaaaaaaaaa
 env LOGNAME=a\x01\x1b[2Jb
 $ cfgtool -d fanmode -v 0
 > 30 91  D9 7E 00 01 00 < 00
-| Set fan mode successfully.
+done| Set fan mode successfully.
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "a\x01\x1b[2Jb" from "console"
 
@@ -42,7 +42,7 @@ log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "a\x01\x1b[2Jb" fro
 env SSH_CONNECTION=10.1.2.3 51515 10.1.2.4 22
 $ cfgtool -d fanmode -v 0
 > 30 91  D9 7E 00 01 00 < 00
-| Set fan mode successfully.
+done| Set fan mode successfully.
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "tester" from "10.1.2.3"
 
@@ -50,7 +50,7 @@ log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "tester" from "10.1
 env SSH_CONNECTION=fe80::1
 $ cfgtool -d fanmode -v 0
 > 30 91  D9 7E 00 01 00 < 00
-| Set fan mode successfully.
+done| Set fan mode successfully.
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "tester" from "fe80::1"
 
@@ -58,7 +58,7 @@ log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "tester" from "fe80
 env SSH_CONNECTION=
 $ cfgtool -d fanmode -v 0
 > 30 91  D9 7E 00 01 00 < 00
-| Set fan mode successfully.
+done| Set fan mode successfully.
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "tester" from ""
 
@@ -66,7 +66,7 @@ log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "tester" from ""
 env SSH_CONNECTION={x*100000} 22
 $ cfgtool -d fanmode -v 0
 > 30 91  D9 7E 00 01 00 < 00
-| Set fan mode successfully.
+done| Set fan mode successfully.
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "tester" from "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"
 
@@ -74,7 +74,7 @@ log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "tester" from "xxxx
 env REMOTEHOST=station.example
 $ cfgtool -d fanmode -v 0
 > 30 91  D9 7E 00 01 00 < 00
-| Set fan mode successfully.
+done| Set fan mode successfully.
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "tester" from "station.example"
 
@@ -82,7 +82,7 @@ log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "tester" from "stat
 env REMOTEHOST={y*100000}
 $ cfgtool -d fanmode -v 0
 > 30 91  D9 7E 00 01 00 < 00
-| Set fan mode successfully.
+done| Set fan mode successfully.
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "tester" from "yyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyy"
 
@@ -90,7 +90,7 @@ log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "tester" from "yyyy
 env REMOTEHOST=a b
 $ cfgtool -d fanmode -v 0
 > 30 91  D9 7E 00 01 00 < 00
-| Set fan mode successfully.
+done| Set fan mode successfully.
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "tester" from "a b"
 
@@ -99,7 +99,7 @@ env REMOTEHOST=station.example
 env SSH_CONNECTION=10.1.2.3 51515 10.1.2.4 22
 $ cfgtool -d fanmode -v 0
 > 30 91  D9 7E 00 01 00 < 00
-| Set fan mode successfully.
+done| Set fan mode successfully.
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "tester" from "10.1.2.3"
 
@@ -107,7 +107,7 @@ log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "tester" from "10.1
 result vos_zentro_log -1
 $ cfgtool -d fanmode -v 0
 > 30 91  D9 7E 00 01 00 < 00
-| Set fan mode successfully.
+done| Set fan mode successfully.
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0"
 
@@ -115,7 +115,7 @@ log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0"
 env SSH_CONNECTION= 10.1.2.3 51515 10.1.2.4 22
 $ cfgtool -d fanmode -v 0
 > 30 91  D9 7E 00 01 00 < 00
-| Set fan mode successfully.
+done| Set fan mode successfully.
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "tester" from ""
 
@@ -124,7 +124,7 @@ env SSH_CONNECTION=
 env REMOTEHOST=station.example
 $ cfgtool -d fanmode -v 0
 > 30 91  D9 7E 00 01 00 < 00
-| Set fan mode successfully.
+done| Set fan mode successfully.
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "tester" from ""
 
@@ -132,7 +132,7 @@ log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "tester" from ""
 env REMOTEHOST=
 $ cfgtool -d fanmode -v 0
 > 30 91  D9 7E 00 01 00 < 00
-| Set fan mode successfully.
+done| Set fan mode successfully.
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "tester" from ""
 
@@ -141,7 +141,7 @@ env SSH_CONNECTION={0123456*9} 22
 env LOGNAME={0123456*9}7
 $ cfgtool -d fanmode -v 0
 > 30 91  D9 7E 00 01 00 < 00
-| Set fan mode successfully.
+done| Set fan mode successfully.
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "{0123456*9}" from "{0123456*9}"
 
@@ -150,7 +150,7 @@ env LOGNAME={\x01%n\xff*30000}
 env REMOTEHOST={%s\n*33333}
 $ cfgtool -d fanmode -v 0
 > 30 91  D9 7E 00 01 00 < 00
-| Set fan mode successfully.
+done| Set fan mode successfully.
 | Current Mode:       Auto
 log 2 Fan "Set fan mode(auto) success,EvtCode:0x20E004D0" by "{\x01%n\xff*15}\x01%n" from "{%s\n*21}"
 
@@ -159,7 +159,7 @@ env LOGNAME=bob
 env SSH_CONNECTION=fe80::2 51515 fe80::1 22
 $ cfgtool -d fanmode -v 1 5
 > 30 91  D9 7E 00 01 01  05 00 00 00  < 00
-| Set fan mode successfully.
+done| Set fan mode successfully.
 > 30 91  D9 7E 00 02    < 00 D9 7E 00  00
 |"Current Mode:        Auto \r\n"
 log 2 Fan "Set fan mode(manual) success,EvtCode:0x20E004D0" by "bob" from "fe80::2"

@@ -35,7 +35,7 @@ call vos_rm_filepath "/tmp/sel_temp/a_sel.bin"
 
 steps find no log of a
 call vos_get_file_length "/tmp/sel_temp/a_sel.bin"
-| sel_bin2txt: fopen /tmp/sel_temp/a_sel.bin failed
+fail| sel_bin2txt: fopen /tmp/sel_temp/a_sel.bin failed
 call vos_rm_filepath "/tmp/sel_temp/a_sel.bin"
 
 steps pack
@@ -47,6 +47,7 @@ call vos_rm_filepath "/tmp/sel_temp/"
 call vos_environ_system "/ipmc/zntool" "/ipmc/zntool"
 |
 log 2 Zentro "Finish debug info collect success, EvtCode:0x202013C0"
+done|""
 
 # one archive: its log becomes a table of its name
 archive /data/share/sel/a_sel.tar.gz dev/shm/save/reboot_file/sel_bak.bin hex OEM NEXT
@@ -156,7 +157,7 @@ call mkdir "/tmp/dev/" 751
 call vos_system "/bin/tar" "/bin/tar" "-zxf" "/data/share/sel/sel_{x*116}.tar.gz" "-C" "/tmp/"
 call vos_file_copy "/tmp/sel_temp/sel_{x*116}.bin" "/tmp/dev/shm/save/reboot_file/sel_bak.bin"
 call vos_get_file_length "/tmp/sel_temp/sel_{x*116}.bin"
-|"sel_bin2txt: fopen /tmp/sel_temp/sel_{x*116}.bin failed\r\n"
+fail|"sel_bin2txt: fopen /tmp/sel_temp/sel_{x*116}.bin failed\r\n"
 call vos_rm_filepath "/tmp/sel_temp/sel_{x*116}.bin"
 do pack
 do end
@@ -172,7 +173,7 @@ call vos_file_copy "/tmp/sel_temp/sel.bin" "/tmp/dev/shm/save/reboot_file/sel_ba
 do bring the live log
 do convert the live log
 call vos_get_file_length "/tmp/sel_temp/sel.bin"
-| sel_bin2txt: fopen /tmp/sel_temp/sel.bin failed
+fail| sel_bin2txt: fopen /tmp/sel_temp/sel.bin failed
 call vos_rm_filepath "/tmp/sel_temp/sel.bin"
 do pack
 packed sel.csv 640 2 lines
@@ -293,7 +294,7 @@ call vos_file_copy "/tmp/sel_temp/sel.bin" "/data/share/sel/sel.bin" -> -1
 do unpack a
 do copy a
 call vos_get_file_length "/tmp/sel_temp/sel.bin"
-| sel_bin2txt: fopen /tmp/sel_temp/sel.bin failed
+fail| sel_bin2txt: fopen /tmp/sel_temp/sel.bin failed
 call vos_rm_filepath "/tmp/sel_temp/sel.bin"
 do convert a
 do pack
@@ -306,7 +307,7 @@ $ cfgtool -t maintenance -d zntool
 do begin
 do bring the live log
 call vos_get_file_length "/tmp/sel_temp/sel.bin"
-| sel_bin2txt: fopen /tmp/sel_temp/sel.bin failed
+fail| sel_bin2txt: fopen /tmp/sel_temp/sel.bin failed
 call vos_rm_filepath "/tmp/sel_temp/sel.bin"
 do pack
 do end
@@ -363,7 +364,7 @@ call mkdir "/tmp/dev/" failed
 call vos_system "/bin/tar" "/bin/tar" "-zxf" "/data/share/sel/a_sel.tar.gz" "-C" "/tmp/"
 do copy a
 call vos_get_file_length "/tmp/sel_temp/b_sel.bin"
-| sel_bin2txt: fopen /tmp/sel_temp/b_sel.bin failed
+fail| sel_bin2txt: fopen /tmp/sel_temp/b_sel.bin failed
 call vos_rm_filepath "/tmp/sel_temp/b_sel.bin"
 do convert a
 do pack
@@ -451,7 +452,7 @@ do bring the live log
 do unpack a
 do copy a
 call vos_get_file_length "/tmp/sel_temp/sel.bin"
-| sel_bin2txt: fopen /tmp/sel_temp/sel.bin failed
+fail| sel_bin2txt: fopen /tmp/sel_temp/sel.bin failed
 call vos_rm_filepath "/tmp/sel_temp/sel.bin"
 do find no log of a
 do pack

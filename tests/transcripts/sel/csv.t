@@ -32,6 +32,7 @@ call vos_rm_filepath "/tmp/sel_temp/"
 call vos_environ_system "/ipmc/zntool" "/ipmc/zntool"
 |
 log 2 Zentro "Finish debug info collect success, EvtCode:0x202013C0"
+done|""
 
 # two records: the newest first, with the highest ID, whatever IDs the records themselves bear
 env TZ=UTC
@@ -468,7 +469,7 @@ fails open /tmp/sel_temp/sel.bin
 file /data/share/sel/sel.bin hex OEM
 $ cfgtool -t maintenance -d zntool
 do bring the live log
-| sel_bin2txt: fopen /tmp/sel_temp/sel.bin failed
+fail| sel_bin2txt: fopen /tmp/sel_temp/sel.bin failed
 do pack
 do end
 
@@ -477,7 +478,7 @@ fails open /tmp/sel_temp/sel.csv
 file /data/share/sel/sel.bin hex OEM
 $ cfgtool -t maintenance -d zntool
 do bring the live log
-| sel_bin2txt: fopen /tmp/sel_temp/sel.csv failed
+fail| sel_bin2txt: fopen /tmp/sel_temp/sel.csv failed
 do pack
 do end
 
@@ -487,7 +488,7 @@ file /data/share/sel/sel.bin hex OEM
 $ cfgtool -t maintenance -d zntool
 do bring the live log
 > 0A 5C < 00 00 00
-| sel_bin2txt: fseek /tmp/sel_temp/sel.csv failed
+fail| sel_bin2txt: fseek /tmp/sel_temp/sel.csv failed
 do header alone
 do end
 
@@ -497,7 +498,7 @@ file /data/share/sel/sel.bin hex OEM OEM 03 00 C0
 $ cfgtool -t maintenance -d zntool
 do bring the live log
 > 0A 5C < 00 00 00
-|"sel_bin2txt: fread /tmp/sel_temp/sel.bin failed, len=3 \r\n"
+fail|"sel_bin2txt: fread /tmp/sel_temp/sel.bin failed, len=3 \r\n"
 do header alone
 do end
 
@@ -507,7 +508,7 @@ file /data/share/sel/sel.bin hex OEM*4
 $ cfgtool -t maintenance -d zntool
 do bring the live log
 > 0A 5C < 00 00 00
-|"sel_bin2txt: fread /tmp/sel_temp/sel.bin failed, len=4 \r\n"
+fail|"sel_bin2txt: fread /tmp/sel_temp/sel.bin failed, len=4 \r\n"
 do pack
 packed sel.csv 640 <<END
 ID,Severity,Generation Time(UTC),Generation Time(LOCAL),Sensor,Event Description,Event Code,Status
@@ -533,7 +534,7 @@ file /data/share/sel/sel.bin hex OEM
 $ cfgtool -t maintenance -d zntool
 do bring the live log
 > 0A 5C < 00 00 00
-| sel_bin2txt: fwrite /tmp/sel_temp/sel.csv failed
+fail| sel_bin2txt: fwrite /tmp/sel_temp/sel.csv failed
 do pack
 packed sel.csv 640 ""
 do end
@@ -545,7 +546,7 @@ $ cfgtool -t maintenance -d zntool
 do bring the live log
 > 0A 5C < 00 00 00
 sleep 160000
-| sel_bin2txt: fwrite /tmp/sel_temp/sel.csv failed
+fail| sel_bin2txt: fwrite /tmp/sel_temp/sel.csv failed
 do pack
 packed sel.csv 640 ""
 do end

@@ -37,6 +37,7 @@ call vos_rm_filepath "/tmp/sel_temp/"
 call vos_environ_system "/ipmc/zntool" "/ipmc/zntool"
 |
 log 2 Zentro "Finish debug info collect success, EvtCode:0x202013C0"
+done|""
 
 # full, compact and event-only records name their sensors; each is read once, and only as far as it takes
 file /data/share/sel/sel.bin hex FAN BOOT DOOR FAN BOOT DOOR FAN

@@ -24,7 +24,7 @@ call vos_rm_filepath "/tmp/sel_temp/a_sel.bin"
 
 steps find no log of a
 call vos_get_file_length "/tmp/sel_temp/a_sel.bin"
-| sel_bin2txt: fopen /tmp/sel_temp/a_sel.bin failed
+fail| sel_bin2txt: fopen /tmp/sel_temp/a_sel.bin failed
 call vos_rm_filepath "/tmp/sel_temp/a_sel.bin"
 
 steps pack
@@ -36,6 +36,7 @@ call vos_rm_filepath "/tmp/sel_temp/"
 call vos_environ_system "/ipmc/zntool" "/ipmc/zntool"
 |
 log 2 Zentro "Finish debug info collect success, EvtCode:0x202013C0"
+done|""
 
 # work folder: a link goes, and what it leads to stays
 file /data/share/sel/sel.bin hex OEM
@@ -106,7 +107,7 @@ call event_parse_init "/data/sectbl.cfg"
 call vos_rm_filepath "/tmp/sel.tar"
 do no work folder for 1..5
 call vos_rm_filepath "/tmp/sel_temp/"
-| Pack SEL failed.
+fail| Pack SEL failed.
 
 # work folder: nor is one of our own that others can write in
 fails vos_rm_filepath /tmp/sel_temp/
@@ -118,7 +119,7 @@ call event_parse_init "/data/sectbl.cfg"
 call vos_rm_filepath "/tmp/sel.tar"
 do no work folder for 1..5
 call vos_rm_filepath "/tmp/sel_temp/"
-| Pack SEL failed.
+fail| Pack SEL failed.
 
 # work folder: nor is one that is somebody else's by the time it is looked at
 owner 503 /tmp/sel_temp
@@ -131,7 +132,7 @@ call mkdir "/tmp/sel_temp/" 751
 call mkdir "/tmp/sel_temp/" failed
 do no work folder for 1..4
 call vos_rm_filepath "/tmp/sel_temp/"
-| Pack SEL failed.
+fail| Pack SEL failed.
 
 # work folder: what somebody puts in the way again and again is removed again
 result mkdir -1 -1
@@ -238,6 +239,7 @@ call vos_rm_filepath "/tmp/sel_temp/"
 call vos_environ_system "/ipmc/zntool" "/ipmc/zntool"
 |
 log 2 Zentro "Finish debug info collect success, EvtCode:0x202013C0"
+done|""
 
 # folder of the archives: a stale one that cannot be cleared keeps archives out
 fails vos_rm_filepath /tmp/dev/
@@ -255,6 +257,7 @@ call vos_rm_filepath "/tmp/sel_temp/"
 call vos_environ_system "/ipmc/zntool" "/ipmc/zntool"
 |
 log 2 Zentro "Finish debug info collect success, EvtCode:0x202013C0"
+done|""
 
 # folder of the archives: a folder that lies where the log is to lie goes
 archive /data/share/sel/a_sel.tar.gz dev/shm/save/reboot_file/sel_bak.bin hex OEM

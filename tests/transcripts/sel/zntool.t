@@ -29,6 +29,7 @@ steps collect
 call vos_environ_system "/ipmc/zntool" "/ipmc/zntool"
 |
 log 2 Zentro "Finish debug info collect success, EvtCode:0x202013C0"
+done|""
 
 # zntool: the live log becomes a table, the table an archive, then the collection program runs and one record is written
 env TZ=UTC
@@ -61,18 +62,19 @@ do clean
 call vos_environ_system "/ipmc/zntool" "/ipmc/zntool"
 log 2 Zentro "Finish debug info collect success, EvtCode:0x202013C0"
 |
+done|""
 
 # zntool: any word gets the usage text
 $ cfgtool -t maintenance -d zntool -v 1
 $ cfgtool -t maintenance -d zntool -v
 $ cfgtool -t maintenance -d zntool x
-| Usage: cfgtool -t maintenance -d zntool
+usage| Usage: cfgtool -t maintenance -d zntool
 
 # zntool: an operator is refused before anything is read
 uid 503
 $ cfgtool -t maintenance -d zntool
 > 06 44 01 03 < 00 0F 02 01 03
-| Insufficient privilege level
+refuse| Insufficient privilege level
 
 # zntool: an administrator may
 uid 502
@@ -80,14 +82,14 @@ file /data/share/sel folder
 $ cfgtool -t maintenance -d zntool
 > 06 44 01 02 < 00 0F 02 01 04
 do begin
-| pack_sel_info: file_count = 0
-| Pack SEL failed.
+fail| pack_sel_info: file_count = 0
+fail| Pack SEL failed.
 
 # zntool: the event table cannot be loaded; nothing went wrong before, so the code is 0
 $ cfgtool -t maintenance -d zntool
 call event_parse_init "/data/sectbl.cfg" -> 0
-| parse seltbl.cfg file fail, program exit!!!
-| Pack SEL failed, error code: 0x0.
+fail| parse seltbl.cfg file fail, program exit!!!
+fail| Pack SEL failed, error code: 0x0.
 
 # zntool: the collection program cannot be run; its result is not asked for
 file /data/share/sel/other "x"
@@ -99,6 +101,7 @@ do clean
 call vos_environ_system "/ipmc/zntool" "/ipmc/zntool" -> -1
 |
 log 2 Zentro "Finish debug info collect success, EvtCode:0x202013C0"
+done|""
 
 # zntool: the tables cannot be packed; the collection program runs all the same
 file /data/share/sel/sel.bin hex FAN
@@ -116,23 +119,23 @@ do collect
 file /data/share/sel folder
 $ cfgtool -t maintenance -d zntool
 do begin
-| pack_sel_info: file_count = 0
-| Pack SEL failed.
+fail| pack_sel_info: file_count = 0
+fail| Pack SEL failed.
 
 # SEL folder: it is not there
 $ cfgtool -t maintenance -d zntool
 do begin
-| enum_files: opendir(/data/share/sel/) failed
-| pack_sel_info: file_count = 0
-| Pack SEL failed.
+fail| enum_files: opendir(/data/share/sel/) failed
+fail| pack_sel_info: file_count = 0
+fail| Pack SEL failed.
 
 # SEL folder: an old archive of tables is gone even when there is nothing to export
 file /data/share/sel folder
 file /tmp/sel.tar "old"
 $ cfgtool -t maintenance -d zntool
 do begin
-| pack_sel_info: file_count = 0
-| Pack SEL failed.
+fail| pack_sel_info: file_count = 0
+fail| Pack SEL failed.
 removed /tmp/sel.tar
 
 # SEL folder: files but no log give an archive of nothing

@@ -27,7 +27,7 @@ $ cfgtool -t sensor -d positivehysteresis -v "CPU Temp" 0X10
 do find CPU Temp
 > 04 25  11 FF < 00 02 03
 > 04 24  11 FF 10 03 < 00
-| Set sensor positive hysteresis successfully.
+done| Set sensor positive hysteresis successfully.
 log 2 Sensor "Set sensor(CPU Temp) positive hysteresis(16) success,EvtCode:0x20600260"
 
 # positivehysteresis: the counts cannot be read
@@ -35,27 +35,27 @@ $ cfgtool -t sensor -d positivehysteresis -v "CPU Temp" 16
 do find CPU Temp
 > 04 25  11 FF < silent
 |"Select OutTime \r\n"
-| Set sensor positive hysteresis failed, error code: 0x40000001
+fail| Set sensor positive hysteresis failed, error code: 0x40000001
 
 # positivehysteresis: reading the counts is refused
 $ cfgtool -t sensor -d positivehysteresis -v "CPU Temp" 16
 do find CPU Temp
 > 04 25  11 FF < CB
-| Set sensor positive hysteresis failed, error code: 0x42500CB
+fail| Set sensor positive hysteresis failed, error code: 0x42500CB
 
 # positivehysteresis: setting is refused
 $ cfgtool -t sensor -d positivehysteresis -v "CPU Temp" 16
 do find CPU Temp
 > 04 25  11 FF < 00 02 03
 > 04 24  11 FF 10 03 < CD
-| Set sensor positive hysteresis failed, error code: 0x42400CD
+fail| Set sensor positive hysteresis failed, error code: 0x42400CD
 
 # positivehysteresis: setting cannot be sent
 $ cfgtool -t sensor -d positivehysteresis -v "CPU Temp" 16
 do find CPU Temp
 > 04 25  11 FF < 00 02 03
 > 04 24  11 FF 10 03 < unsent
-| Set sensor positive hysteresis failed, error code: 0x40000000
+fail| Set sensor positive hysteresis failed, error code: 0x40000000
 
 # positivehysteresis: a count above 255, negative or no number at all is out of range, before anything is asked
 $ cfgtool -t sensor -d positivehysteresis -v "CPU Temp" 256
@@ -64,24 +64,24 @@ $ cfgtool -t sensor -d positivehysteresis -v "CPU Temp" -1
 $ cfgtool -t sensor -d positivehysteresis -v "CPU Temp" 12abc
 $ cfgtool -t sensor -d positivehysteresis -v "CPU Temp" 1.5
 $ cfgtool -t sensor -d positivehysteresis -v "CPU Temp" much
-| Input parameter out of range.
+refuse| Input parameter out of range.
 
 # positivehysteresis: the compact record has no hysteresis to set
 $ cfgtool -t sensor -d positivehysteresis -v PSU 16
 do find PSU
-| Set sensor positive hysteresis failed, error code: 0x40000008
+fail| Set sensor positive hysteresis failed, error code: 0x40000008
 
 # positivehysteresis: no such sensor
 $ cfgtool -t sensor -d positivehysteresis -v Inlet 16
 do find PSU
-| Set sensor positive hysteresis failed, error code: 0x40000003
+fail| Set sensor positive hysteresis failed, error code: 0x40000003
 
 # positivehysteresis: exactly a sensor and a count behind -v
 $ cfgtool -t sensor -d positivehysteresis
 $ cfgtool -t sensor -d positivehysteresis -v
 $ cfgtool -t sensor -d positivehysteresis -v "CPU Temp"
 $ cfgtool -t sensor -d positivehysteresis -v "CPU Temp" 1 2
-| Usage: cfgtool -t sensor -d positivehysteresis -v <sensorname>  <positivehysteresisval>
+usage| Usage: cfgtool -t sensor -d positivehysteresis -v <sensorname>  <positivehysteresisval>
 
 # negativehysteresis: the new count is set, the other one stays as it was just read
 $ cfgtool -t sensor -d negativehysteresis -v "CPU Temp" 16
@@ -90,7 +90,7 @@ $ cfgtool -t sensor -d negativehysteresis -v "CPU Temp" 0X10
 do find CPU Temp
 > 04 25  11 FF < 00 02 03
 > 04 24  11 FF 02 10 < 00
-| Set sensor negative hysteresis successfully.
+done| Set sensor negative hysteresis successfully.
 log 2 Sensor "Set sensor(CPU Temp) negative hysteresis(16) success,EvtCode:0x20600250"
 
 # negativehysteresis: the counts cannot be read
@@ -98,27 +98,27 @@ $ cfgtool -t sensor -d negativehysteresis -v "CPU Temp" 16
 do find CPU Temp
 > 04 25  11 FF < silent
 |"Select OutTime \r\n"
-| Set sensor negative hysteresis failed, error code: 0x40000001
+fail| Set sensor negative hysteresis failed, error code: 0x40000001
 
 # negativehysteresis: reading the counts is refused
 $ cfgtool -t sensor -d negativehysteresis -v "CPU Temp" 16
 do find CPU Temp
 > 04 25  11 FF < CB
-| Set sensor negative hysteresis failed, error code: 0x42500CB
+fail| Set sensor negative hysteresis failed, error code: 0x42500CB
 
 # negativehysteresis: setting is refused
 $ cfgtool -t sensor -d negativehysteresis -v "CPU Temp" 16
 do find CPU Temp
 > 04 25  11 FF < 00 02 03
 > 04 24  11 FF 02 10 < CD
-| Set sensor negative hysteresis failed, error code: 0x42400CD
+fail| Set sensor negative hysteresis failed, error code: 0x42400CD
 
 # negativehysteresis: setting cannot be sent
 $ cfgtool -t sensor -d negativehysteresis -v "CPU Temp" 16
 do find CPU Temp
 > 04 25  11 FF < 00 02 03
 > 04 24  11 FF 02 10 < unsent
-| Set sensor negative hysteresis failed, error code: 0x40000000
+fail| Set sensor negative hysteresis failed, error code: 0x40000000
 
 # negativehysteresis: a count above 255, negative or no number at all is out of range, before anything is asked
 $ cfgtool -t sensor -d negativehysteresis -v "CPU Temp" 256
@@ -127,31 +127,31 @@ $ cfgtool -t sensor -d negativehysteresis -v "CPU Temp" -1
 $ cfgtool -t sensor -d negativehysteresis -v "CPU Temp" 12abc
 $ cfgtool -t sensor -d negativehysteresis -v "CPU Temp" 1.5
 $ cfgtool -t sensor -d negativehysteresis -v "CPU Temp" much
-| Input parameter out of range.
+refuse| Input parameter out of range.
 
 # negativehysteresis: the compact record has no hysteresis to set
 $ cfgtool -t sensor -d negativehysteresis -v PSU 16
 do find PSU
-| Set sensor negative hysteresis failed, error code: 0x40000008
+fail| Set sensor negative hysteresis failed, error code: 0x40000008
 
 # negativehysteresis: no such sensor
 $ cfgtool -t sensor -d negativehysteresis -v Inlet 16
 do find PSU
-| Set sensor negative hysteresis failed, error code: 0x40000003
+fail| Set sensor negative hysteresis failed, error code: 0x40000003
 
 # negativehysteresis: exactly a sensor and a count behind -v
 $ cfgtool -t sensor -d negativehysteresis
 $ cfgtool -t sensor -d negativehysteresis -v
 $ cfgtool -t sensor -d negativehysteresis -v "CPU Temp"
 $ cfgtool -t sensor -d negativehysteresis -v "CPU Temp" 1 2
-| Usage: cfgtool -t sensor -d negativehysteresis -v <sensorname>  <negativehysteresisval>
+usage| Usage: cfgtool -t sensor -d negativehysteresis -v <sensorname>  <negativehysteresisval>
 
 # The ends of the count: 0 and 255
 $ cfgtool -t sensor -d positivehysteresis -v "CPU Temp" 255
 do find CPU Temp
 > 04 25  11 FF < 00 02 03
 > 04 24  11 FF FF 03 < 00
-| Set sensor positive hysteresis successfully.
+done| Set sensor positive hysteresis successfully.
 log 2 Sensor "Set sensor(CPU Temp) positive hysteresis(255) success,EvtCode:0x20600260"
 
 # 0 is a count too
@@ -159,7 +159,7 @@ $ cfgtool -t sensor -d negativehysteresis -v "CPU Temp" 0
 do find CPU Temp
 > 04 25  11 FF < 00 02 03
 > 04 24  11 FF 02 00 < 00
-| Set sensor negative hysteresis successfully.
+done| Set sensor negative hysteresis successfully.
 log 2 Sensor "Set sensor(CPU Temp) negative hysteresis(0) success,EvtCode:0x20600250"
 
 # An answer that holds no counts reads as zeros
@@ -167,7 +167,7 @@ $ cfgtool -t sensor -d positivehysteresis -v "CPU Temp" 1
 do find CPU Temp
 > 04 25  11 FF < 00 cut 7
 > 04 24  11 FF 01 00 < 00
-| Set sensor positive hysteresis successfully.
+done| Set sensor positive hysteresis successfully.
 log 2 Sensor "Set sensor(CPU Temp) positive hysteresis(1) success,EvtCode:0x20600260"
 
 # An empty count is 0
@@ -175,7 +175,7 @@ $ cfgtool -t sensor -d positivehysteresis -v "CPU Temp" ""
 do find CPU Temp
 > 04 25  11 FF < 00 02 03
 > 04 24  11 FF 00 03 < 00
-| Set sensor positive hysteresis successfully.
+done| Set sensor positive hysteresis successfully.
 log 2 Sensor "Set sensor(CPU Temp) positive hysteresis(0) success,EvtCode:0x20600260"
 
 # Setting is not answered
@@ -184,4 +184,4 @@ do find CPU Temp
 > 04 25  11 FF < 00 02 03
 > 04 24  11 FF 02 10 < silent
 |"Select OutTime \r\n"
-| Set sensor negative hysteresis failed, error code: 0x40000001
+fail| Set sensor negative hysteresis failed, error code: 0x40000001

@@ -23,7 +23,7 @@ do open the repository
 > 0A 23  34 12 00 00 00 05 < 00 01 00 CPU_HEADER
 > 0A 23  34 12 00 00 05 33 < 00 01 00 CPU_TEMP
 > 04 26  11 10 00 00 00 00 55 00 < 00
-| Set sensor upper critical successfully.
+done| Set sensor upper critical successfully.
 log 2 Sensor "Set sensor(CPU Temp) upper critical threshold(85.000) success,EvtCode:0x206002B0"
 
 # A record of every kind is read in the controller's order; the last one is examined
@@ -42,7 +42,7 @@ do open the repository
 > 0A 23  34 12 FE FF 00 05 < 00 FF FF FE FF 51 01 33
 > 0A 23  34 12 FE FF 05 33 < 00 FF FF CPU_TEMP
 > 04 26  11 02 00 05 00 00 00 00 < 00
-| Set sensor lower critical successfully.
+done| Set sensor lower critical successfully.
 log 2 Sensor "Set sensor(CPU Temp) lower critical threshold(5.000) success,EvtCode:0x20600280"
 
 # A sensor that no record names is not found after the last record
@@ -55,14 +55,14 @@ $ cfgtool -t sensor -d lowercritical -v "" 5
 do open the repository
 > 0A 23  34 12 00 00 00 05 < 00 FF FF CPU_HEADER
 > 0A 23  34 12 00 00 05 33 < 00 FF FF CPU_TEMP
-| Set sensor lower critical failed, error code: 0x40000003
+fail| Set sensor lower critical failed, error code: 0x40000003
 
 # An association has no name, though it begins as one would
 $ cfgtool -t sensor -d lowercritical -v Board 5
 do open the repository
 > 0A 23  34 12 00 00 00 05 < 00 FF FF 00 00 51 08 06
 > 0A 23  34 12 00 00 05 06 < 00 FF FF 05 42 6F 61 72 64
-| Set sensor lower critical failed, error code: 0x40000003
+fail| Set sensor lower critical failed, error code: 0x40000003
 
 # A name of 31 characters is compared whole; the reader sees no more than the length says
 $ cfgtool -t sensor -d test -v ABCDEFGHIJKLMNOPQRSTUVWXYZ12345 stop
@@ -70,7 +70,7 @@ do open the repository
 > 0A 23  34 12 00 00 00 05 < 00 FF FF 00 00 51 03 2B
 > 0A 23  34 12 00 00 05 2B < 00 FF FF 20 00 31 07 01 14 6F 01 00 00 00 DF 41 42 43 44 45 46 47 48 49 4A 4B 4C 4D 4E 4F 50 51 52 53 54 55 56 57 58 59 5A 31 32 33 34 35
 > 30 91  D9 7E 00 0C 31 00 00 < 00
-| Sensor test successfully.
+done| Sensor test successfully.
 log 2 Sensor "Set sensor(ABCDEFGHIJKLMNOPQRSTUVWXYZ12345) test value(stop) success,EvtCode:0x206002E0"
 
 # The length of an ID string is in the low 5 bits only; a zero length is an empty name
@@ -79,7 +79,7 @@ do open the repository
 > 0A 23  34 12 00 00 00 05 < 00 FF FF 00 00 51 03 0C
 > 0A 23  34 12 00 00 05 0C < 00 FF FF 20 00 31 07 01 14 6F 01 00 00 00 E0
 > 30 91  D9 7E 00 0C 31 00 00 < 00
-| Sensor test successfully.
+done| Sensor test successfully.
 log 2 Sensor "Set sensor() test value(stop) success,EvtCode:0x206002E0"
 
 # A name whose length runs past the record's end is what there is of it
@@ -88,7 +88,7 @@ do open the repository
 > 0A 23  34 12 00 00 00 05 < 00 FF FF 00 00 51 03 0E
 > 0A 23  34 12 00 00 05 0E < 00 FF FF 20 00 31 07 01 14 6F 01 00 00 00 C6 42 75
 > 30 91  D9 7E 00 0C 31 00 00 < 00
-| Sensor test successfully.
+done| Sensor test successfully.
 log 2 Sensor "Set sensor(Bu) test value(stop) success,EvtCode:0x206002E0"
 
 # Locators of all three types are matched by name, but are no full sensor records
@@ -98,14 +98,14 @@ do open the repository
 > 0A 23  34 12 00 00 05 10 < 00 01 00 ASSOCIATION
 > 0A 23  34 12 01 00 00 05 < 00 FF FF 01 00 51 12 10
 > 0A 23  34 12 01 00 05 10 < 00 FF FF BOARD
-| Set sensor lower critical failed, error code: 0x40000008
+fail| Set sensor lower critical failed, error code: 0x40000008
 
 # An FRU locator
 $ cfgtool -t sensor -d lowercritical -v "Board" 5
 do open the repository
 > 0A 23  34 12 00 00 00 05 < 00 FF FF 00 00 51 11 10
 > 0A 23  34 12 00 00 05 10 < 00 FF FF BOARD
-| Set sensor lower critical failed, error code: 0x40000008
+fail| Set sensor lower critical failed, error code: 0x40000008
 
 # A store without records: the first header is refused five times
 $ cfgtool -t sensor -d lowercritical -v "CPU Temp" 5
@@ -115,7 +115,7 @@ do open the repository
 > 0A 23  34 12 00 00 00 05 < CB
 > 0A 23  34 12 00 00 00 05 < CB
 > 0A 23  34 12 00 00 00 05 < CB
-| Set sensor lower critical failed, error code: 0xA2300CB
+fail| Set sensor lower critical failed, error code: 0xA2300CB
 
 # The fifth attempt at a header is good enough
 $ cfgtool -t sensor -d uppercritical -v "CPU Temp" 85
@@ -127,7 +127,7 @@ do open the repository
 > 0A 23  34 12 00 00 00 05 < 00 FF FF CPU_HEADER
 > 0A 23  34 12 00 00 05 33 < 00 FF FF CPU_TEMP
 > 04 26  11 10 00 00 00 00 55 00 < 00
-| Set sensor upper critical successfully.
+done| Set sensor upper critical successfully.
 log 2 Sensor "Set sensor(CPU Temp) upper critical threshold(85.000) success,EvtCode:0x206002B0"
 
 # A header that no answer brings ends the search at once
@@ -135,13 +135,13 @@ $ cfgtool -t sensor -d lowercritical -v "CPU Temp" 5
 do open the repository
 > 0A 23  34 12 00 00 00 05 < silent
 |"Select OutTime \r\n"
-| Set sensor lower critical failed, error code: 0x40000001
+fail| Set sensor lower critical failed, error code: 0x40000001
 
 # A header that cannot be asked for ends it as well
 $ cfgtool -t sensor -d lowercritical -v "CPU Temp" 5
 do open the repository
 > 0A 23  34 12 00 00 00 05 < unsent
-| Set sensor lower critical failed, error code: 0x40000000
+fail| Set sensor lower critical failed, error code: 0x40000000
 
 # A header that fails behind a record that was read counts as a sensor not found
 $ cfgtool -t sensor -d lowercritical -v "Fan" 5
@@ -150,7 +150,7 @@ do open the repository
 > 0A 23  34 12 00 00 05 33 < 00 01 00 CPU_TEMP
 > 0A 23  34 12 01 00 00 05 < silent
 |"Select OutTime \r\n"
-| Set sensor lower critical failed, error code: 0x40000003
+fail| Set sensor lower critical failed, error code: 0x40000003
 
 # A cancelled reservation is renewed after a pause of 0 to 3 seconds, and the header asked for anew
 $ cfgtool -t sensor -d uppercritical -v "CPU Temp" 85
@@ -162,7 +162,7 @@ sleep 2000000
 > 0A 23  35 12 00 00 00 05 < 00 FF FF CPU_HEADER
 > 0A 23  35 12 00 00 05 33 < 00 FF FF CPU_TEMP
 > 04 26  11 10 00 00 00 00 55 00 < 00
-| Set sensor upper critical successfully.
+done| Set sensor upper critical successfully.
 log 2 Sensor "Set sensor(CPU Temp) upper critical threshold(85.000) success,EvtCode:0x206002B0"
 
 # A header cancelled five times is given up, after the fifth pause and reservation
@@ -188,7 +188,7 @@ sleep 3000000
 call vos_rand -> 4
 sleep 0
 > 0A 22 < 00 39 12
-| Set sensor upper critical failed, error code: 0xA2300C5
+fail| Set sensor upper critical failed, error code: 0xA2300C5
 
 # A reservation that cannot be renewed ends the header
 $ cfgtool -t sensor -d uppercritical -v "CPU Temp" 85
@@ -197,13 +197,13 @@ do open the repository
 call vos_rand -> 0
 sleep 0
 > 0A 22 < D5
-| Set sensor upper critical failed, error code: 0xA2200D5
+fail| Set sensor upper critical failed, error code: 0xA2200D5
 
 # A header without a body ends the search with a composite of code 0
 $ cfgtool -t sensor -d uppercritical -v "CPU Temp" 85
 do open the repository
 > 0A 23  34 12 00 00 00 05 < 00 01 00 00 00 51 01 00
-| Set sensor upper critical failed, error code: 0xA230000
+fail| Set sensor upper critical failed, error code: 0xA230000
 
 # A header that gives another id than was asked for: the body is asked for by the id asked for
 $ cfgtool -t sensor -d uppercritical -v "CPU Temp" 85
@@ -211,7 +211,7 @@ do open the repository
 > 0A 23  34 12 00 00 00 05 < 00 FF FF 07 00 51 01 33
 > 0A 23  34 12 00 00 05 33 < 00 FF FF CPU_TEMP
 > 04 26  11 10 00 00 00 00 55 00 < 00
-| Set sensor upper critical successfully.
+done| Set sensor upper critical successfully.
 log 2 Sensor "Set sensor(CPU Temp) upper critical threshold(85.000) success,EvtCode:0x206002B0"
 
 # A store that leads back to a record that was read has come to its end
@@ -221,7 +221,7 @@ do open the repository
 > 0A 23  34 12 00 00 05 33 < 00 05 00 CPU_TEMP
 > 0A 23  34 12 05 00 00 05 < 00 00 00 05 00 51 02 1E
 > 0A 23  34 12 05 00 05 1E < 00 00 00 PSU
-| Set sensor upper critical failed, error code: 0x40000003
+fail| Set sensor upper critical failed, error code: 0x40000003
 
 # A body that is refused is passed over; the next record is read
 $ cfgtool -t sensor -d uppercritical -v "CPU Temp" 85
@@ -231,7 +231,7 @@ do open the repository
 > 0A 23  34 12 05 00 00 05 < 00 FF FF 05 00 51 01 33
 > 0A 23  34 12 05 00 05 33 < 00 FF FF CPU_TEMP
 > 04 26  11 10 00 00 00 00 55 00 < 00
-| Set sensor upper critical successfully.
+done| Set sensor upper critical successfully.
 log 2 Sensor "Set sensor(CPU Temp) upper critical threshold(85.000) success,EvtCode:0x206002B0"
 
 # When no body at all could be read, the last refusal is shown
@@ -239,7 +239,7 @@ $ cfgtool -t sensor -d uppercritical -v "CPU Temp" 85
 do open the repository
 > 0A 23  34 12 00 00 00 05 < 00 FF FF CPU_HEADER
 > 0A 23  34 12 00 00 05 33 < D5
-| Set sensor upper critical failed, error code: 0xA2300D5
+fail| Set sensor upper critical failed, error code: 0xA2300D5
 
 # A body that no answer brings is passed over as well
 $ cfgtool -t sensor -d uppercritical -v "CPU Temp" 85
@@ -247,7 +247,7 @@ do open the repository
 > 0A 23  34 12 00 00 00 05 < 00 FF FF CPU_HEADER
 > 0A 23  34 12 00 00 05 33 < silent
 |"Select OutTime \r\n"
-| Set sensor upper critical failed, error code: 0x40000001
+fail| Set sensor upper critical failed, error code: 0x40000001
 
 # A body read cancelled more than five times is asked for again, with each new reservation
 $ cfgtool -t sensor -d uppercritical -v "CPU Temp" 85
@@ -279,7 +279,7 @@ sleep 3000000
 > 0A 22 < 00 06 00
 > 0A 23  06 00 00 00 05 33 < 00 FF FF CPU_TEMP
 > 04 26  11 10 00 00 00 00 55 00 < 00
-| Set sensor upper critical successfully.
+done| Set sensor upper critical successfully.
 log 2 Sensor "Set sensor(CPU Temp) upper critical threshold(85.000) success,EvtCode:0x206002B0"
 
 # A reservation that cannot be renewed ends the body, and the search goes on
@@ -294,7 +294,7 @@ sleep 0
 > 0A 23  34 12 05 00 00 05 < 00 FF FF 05 00 51 01 33
 > 0A 23  34 12 05 00 05 33 < 00 FF FF CPU_TEMP
 > 04 26  11 10 00 00 00 00 55 00 < 00
-| Set sensor upper critical successfully.
+done| Set sensor upper critical successfully.
 log 2 Sensor "Set sensor(CPU Temp) upper critical threshold(85.000) success,EvtCode:0x206002B0"
 
 # A controller that cannot return so many bytes is asked for 126, 62 and 30 at most
@@ -307,7 +307,7 @@ do open the repository
 > 0A 23  34 12 00 00 05 1E < 00 FF FF CPU_TEMP[0:30]
 > 0A 23  34 12 00 00 23 15 < 00 FF FF CPU_TEMP[30:]
 > 04 26  11 10 00 00 00 00 55 00 < 00
-| Set sensor upper critical successfully.
+done| Set sensor upper critical successfully.
 log 2 Sensor "Set sensor(CPU Temp) upper critical threshold(85.000) success,EvtCode:0x206002B0"
 
 # A record of 255 bytes: 255 at once, then 126 at a time; the offset of a piece has 8 bits
@@ -321,7 +321,7 @@ do open the repository
 > 0A 23  34 12 01 00 00 05 < 00 FF FF 01 00 51 01 33
 > 0A 23  34 12 01 00 05 33 < 00 FF FF CPU_TEMP
 > 04 26  11 10 00 00 00 00 55 00 < 00
-| Set sensor upper critical successfully.
+done| Set sensor upper critical successfully.
 log 2 Sensor "Set sensor(CPU Temp) upper critical threshold(85.000) success,EvtCode:0x206002B0"
 
 # The size once shrunk stays so for the next record: 14 at a time
@@ -339,7 +339,7 @@ do open the repository
 > 0A 23  34 12 05 00 13 0E < 00 FF FF PSU[14:28]
 > 0A 23  34 12 05 00 21 02 < 00 FF FF PSU[28:]
 > 30 91  D9 7E 00 0C 21 00 00 < 00
-| Sensor test successfully.
+done| Sensor test successfully.
 log 2 Sensor "Set sensor(PSU) test value(stop) success,EvtCode:0x206002E0"
 
 # A controller that returns no bytes at all is asked for 6 and 2 more; then no body can be read, neither this nor the next
@@ -354,7 +354,7 @@ do open the repository
 > 0A 23  34 12 00 00 05 06 < CA
 > 0A 23  34 12 00 00 05 02 < CA
 > 0A 23  34 12 05 00 00 05 < 00 FF FF 05 00 51 02 1E
-| Sensor test failed, error code: 0xA2300CA
+fail| Sensor test failed, error code: 0xA2300CA
 
 # An answer with fewer bytes than asked for leaves zeros; nothing beyond it is read
 $ cfgtool -t sensor -d test -v "But" stop
@@ -362,7 +362,7 @@ do open the repository
 > 0A 23  34 12 00 00 00 05 < 00 FF FF 00 00 51 03 12
 > 0A 23  34 12 00 00 05 12 < 00 FF FF BUTTON[0:15] cut 24
 > 30 91  D9 7E 00 0C 31 00 00 < 00
-| Sensor test successfully.
+done| Sensor test successfully.
 log 2 Sensor "Set sensor(But) test value(stop) success,EvtCode:0x206002E0"
 
 # An answer with more bytes than asked for: what is too much is left
@@ -370,41 +370,41 @@ $ cfgtool -t sensor -d test -v "Button!" stop
 do open the repository
 > 0A 23  34 12 00 00 00 05 < 00 FF FF 00 00 51 03 12
 > 0A 23  34 12 00 00 05 12 < 00 FF FF BUTTON 21 21 21
-| Sensor test failed, error code: 0x40000003
+fail| Sensor test failed, error code: 0x40000003
 
 # A header cut short holds zeros: no body
 $ cfgtool -t sensor -d test -v "Button" stop
 do open the repository
 > 0A 23  34 12 00 00 00 05 < 00 01 00 00 00 51 cut 12
-| Sensor test failed, error code: 0xA230000
+fail| Sensor test failed, error code: 0xA230000
 
 # Which store: the device ID cannot be had
 $ cfgtool -t sensor -d test -v "Button" stop
 > 06 01 < silent
 |"Select OutTime \r\n"
-| Unable to open SDR for reading
-| Sensor test failed, error code: 0x40000001
+fail| Unable to open SDR for reading
+fail| Sensor test failed, error code: 0x40000001
 
 # Which store: the device ID is refused
 $ cfgtool -t sensor -d test -v "Button" stop
 > 06 01 < C1
-| Unable to open SDR for reading
-| Sensor test failed, error code: 0x60100C1
+fail| Unable to open SDR for reading
+fail| Sensor test failed, error code: 0x60100C1
 
 # The repository's info cannot be had
 $ cfgtool -t sensor -d test -v "Button" stop
 > 06 01 < 00 20 01 01 00 02 02 57 01 00 00 00
 > 0A 20 < silent
 |"Select OutTime \r\n"
-| Unable to open SDR for reading
-| Sensor test failed, error code: 0x40000001
+fail| Unable to open SDR for reading
+fail| Sensor test failed, error code: 0x40000001
 
 # The repository's info is refused
 $ cfgtool -t sensor -d test -v "Button" stop
 > 06 01 < 00 20 01 01 00 02 02 57 01 00 00 00
 > 0A 20 < D5
-| Unable to open SDR for reading
-| Sensor test failed, error code: 0xA2000D5
+fail| Unable to open SDR for reading
+fail| Sensor test failed, error code: 0xA2000D5
 
 # The reservation cannot be had
 $ cfgtool -t sensor -d test -v "Button" stop
@@ -412,16 +412,16 @@ $ cfgtool -t sensor -d test -v "Button" stop
 > 0A 20 < 00 51 02 00 00 10
 > 0A 22 < silent
 |"Select OutTime \r\n"
-| Unable to open SDR for reading
-| Sensor test failed, error code: 0x40000001
+fail| Unable to open SDR for reading
+fail| Sensor test failed, error code: 0x40000001
 
 # The reservation is refused
 $ cfgtool -t sensor -d test -v "Button" stop
 > 06 01 < 00 20 01 01 00 02 02 57 01 00 00 00
 > 0A 20 < 00 51 02 00 00 10
 > 0A 22 < C1
-| Unable to open SDR for reading
-| Sensor test failed, error code: 0xA2200C1
+fail| Unable to open SDR for reading
+fail| Sensor test failed, error code: 0xA2200C1
 
 # A device that provides Device SDRs and is a repository as well: the repository, of a version nobody knows, in silence
 $ cfgtool -t sensor -d test -v "Button" stop
@@ -431,7 +431,7 @@ $ cfgtool -t sensor -d test -v "Button" stop
 > 0A 23  34 12 00 00 00 05 < 00 FF FF 00 00 51 03 12
 > 0A 23  34 12 00 00 05 12 < 00 FF FF BUTTON
 > 30 91  D9 7E 00 0C 31 00 00 < 00
-| Sensor test successfully.
+done| Sensor test successfully.
 log 2 Sensor "Set sensor(Button) test value(stop) success,EvtCode:0x206002E0"
 
 # Device SDRs of a sensor device have requests of their own
@@ -442,7 +442,7 @@ $ cfgtool -t sensor -d uppercritical -v "CPU Temp" 85
 > 04 21  34 12 00 00 00 05 < 00 FF FF CPU_HEADER
 > 04 21  34 12 00 00 05 33 < 00 FF FF CPU_TEMP
 > 04 26  11 10 00 00 00 00 55 00 < 00
-| Set sensor upper critical successfully.
+done| Set sensor upper critical successfully.
 log 2 Sensor "Set sensor(CPU Temp) upper critical threshold(85.000) success,EvtCode:0x206002B0"
 
 # Device SDRs: a cancelled header read, a header without a body, each by its own request
@@ -455,37 +455,37 @@ call vos_rand -> 0
 sleep 0
 > 04 22 < 00 35 12
 > 04 21  35 12 00 00 00 05 < 00 FF FF 00 00 51 01 00
-| Set sensor upper critical failed, error code: 0x4210000
+fail| Set sensor upper critical failed, error code: 0x4210000
 
 # Device SDRs: their info cannot be had
 $ cfgtool -t sensor -d uppercritical -v "CPU Temp" 85
 > 06 01 < 00 20 81 01 00 02 01 57 01 00 00 00
 > 04 20  01 < silent
 |"Select OutTime \r\n"
-| Unable to open SDR for reading
-| Set sensor upper critical failed, error code: 0x40000001
+fail| Unable to open SDR for reading
+fail| Set sensor upper critical failed, error code: 0x40000001
 
 # Device SDRs: their info is refused, or empty; the error code stays what it was
 $ cfgtool -t sensor -d uppercritical -v "CPU Temp" 85
 > 06 01 < 00 20 81 01 00 02 01 57 01 00 00 00
 > 04 20  01 < C1
-| Err in cmd get sensor sdr info
-| Unable to open SDR for reading
-| Set sensor upper critical failed, error code: 0x0
+fail 042000C1| Err in cmd get sensor sdr info
+fail| Unable to open SDR for reading
+fail| Set sensor upper critical failed, error code: 0x0
 
 # Device SDRs: an empty info
 $ cfgtool -t sensor -d uppercritical -v "CPU Temp" 85
 > 06 01 < 00 20 81 01 00 02 01 57 01 00 00 00
 > 04 20  01 < 00 cut 7                            # a completion code and nothing else
-| Err in cmd get sensor sdr info
-| Unable to open SDR for reading
-| Set sensor upper critical failed, error code: 0x0
+fail| Err in cmd get sensor sdr info
+fail| Unable to open SDR for reading
+fail| Set sensor upper critical failed, error code: 0x0
 
 # Neither a repository nor a sensor device
 $ cfgtool -t sensor -d uppercritical -v "CPU Temp" 85
 > 06 01 < 00 20 81 01 00 02 3C 57 01 00 00 00
-| Unable to open SDR for reading
-| Set sensor upper critical failed, error code: 0x0
+fail| Unable to open SDR for reading
+fail| Set sensor upper critical failed, error code: 0x0
 
 # A generic device locator is matched by name, and takes a test value of two bytes
 $ cfgtool -t sensor -d test -v Board 258
@@ -493,7 +493,7 @@ do open the repository
 > 0A 23  34 12 00 00 00 05 < 00 FF FF 00 00 51 10 10
 > 0A 23  34 12 00 00 05 10 < 00 FF FF BOARD
 > 30 91  D9 7E 00 0C 00 01 02 01 < 00
-| Sensor test successfully.
+done| Sensor test successfully.
 log 2 Sensor "Set sensor(Board) test value(258) success,EvtCode:0x206002E0"
 
 # Of two records with one name the first is meant
@@ -502,7 +502,7 @@ do open the repository
 > 0A 23  34 12 00 00 00 05 < 00 01 00 00 00 51 03 12
 > 0A 23  34 12 00 00 05 12 < 00 01 00 BUTTON
 > 30 91  D9 7E 00 0C 31 00 00 < 00
-| Sensor test successfully.
+done| Sensor test successfully.
 log 2 Sensor "Set sensor(Button) test value(stop) success,EvtCode:0x206002E0"
 
 # A name longer than the ID string is compared with what stands behind it in the record: zeros end it
@@ -511,7 +511,7 @@ do open the repository
 > 0A 23  34 12 00 00 00 05 < 00 FF FF 00 00 51 03 12
 > 0A 23  34 12 00 00 05 12 < 00 FF FF 20 00 31 07 01 14 6F 01 00 00 00 C3 42 75 74 74 6F 6E
 > 30 91  D9 7E 00 0C 31 00 00 < 00
-| Sensor test successfully.
+done| Sensor test successfully.
 log 2 Sensor "Set sensor(Button) test value(stop) success,EvtCode:0x206002E0"
 
 # A record that is not kept was read all the same: not found
@@ -519,7 +519,7 @@ $ cfgtool -t sensor -d test -v Button stop
 do open the repository
 > 0A 23  34 12 00 00 00 05 < 00 FF FF 00 00 51 C0 05
 > 0A 23  34 12 00 00 05 05 < 00 FF FF OEM_RECORD
-| Sensor test failed, error code: 0x40000003
+fail| Sensor test failed, error code: 0x40000003
 
 steps open the device's own
 > 06 01 < 00 20 81 01 00 02 01 57 01 00 00 00
@@ -531,8 +531,8 @@ $ cfgtool -t sensor -d test -v Button stop
 > 06 01 < 00 20 81 01 00 02 01 57 01 00 00 00
 > 04 20  01 < 00 01 01
 > 04 22 < C1
-| Unable to open SDR for reading
-| Sensor test failed, error code: 0x42200C1
+fail| Unable to open SDR for reading
+fail| Sensor test failed, error code: 0x42200C1
 
 # Device SDRs: a header refused five times
 $ cfgtool -t sensor -d test -v Button stop
@@ -542,14 +542,14 @@ do open the device's own
 > 04 21  34 12 00 00 00 05 < C1
 > 04 21  34 12 00 00 00 05 < C1
 > 04 21  34 12 00 00 00 05 < CB
-| Sensor test failed, error code: 0x42100CB
+fail| Sensor test failed, error code: 0x42100CB
 
 # Device SDRs: a body is refused
 $ cfgtool -t sensor -d test -v Button stop
 do open the device's own
 > 04 21  34 12 00 00 00 05 < 00 FF FF 00 00 51 03 12
 > 04 21  34 12 00 00 05 12 < D5
-| Sensor test failed, error code: 0x42100D5
+fail| Sensor test failed, error code: 0x42100D5
 
 # Device SDRs: a body is cancelled, then too long
 $ cfgtool -t sensor -d test -v Button stop
@@ -566,5 +566,5 @@ sleep 0
 > 04 21  77 12 00 00 05 0E < 00 FF FF BUTTON[0:14]
 > 04 21  77 12 00 00 13 04 < 00 FF FF BUTTON[14:]
 > 30 91  D9 7E 00 0C 31 00 00 < 00
-| Sensor test successfully.
+done| Sensor test successfully.
 log 2 Sensor "Set sensor(Button) test value(stop) success,EvtCode:0x206002E0"

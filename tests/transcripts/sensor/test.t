@@ -30,21 +30,21 @@ do open the repository
 $ cfgtool -t sensor -d test -v "CPU Temp" 85.5
 do find CPU Temp
 > 30 91  D9 7E 00 0C 11 01 56 < 00
-| Sensor test successfully.
+done| Sensor test successfully.
 log 2 Sensor "Set sensor(CPU Temp) test value(85.5) success,EvtCode:0x206002E0"
 
 # The record of the log holds the value as it was typed
 $ cfgtool -t sensor -d test -v "CPU Temp" 0x10
 do find CPU Temp
 > 30 91  D9 7E 00 0C 11 01 10 < 00
-| Sensor test successfully.
+done| Sensor test successfully.
 log 2 Sensor "Set sensor(CPU Temp) test value(0x10) success,EvtCode:0x206002E0"
 
 # stop: flag 0 and value 0
 $ cfgtool -t sensor -d test -v "CPU Temp" stop
 do find CPU Temp
 > 30 91  D9 7E 00 0C 11 00 00 < 00
-| Sensor test successfully.
+done| Sensor test successfully.
 log 2 Sensor "Set sensor(CPU Temp) test value(stop) success,EvtCode:0x206002E0"
 
 # Only the very word stops the test; what leaves something behind the number is none
@@ -54,46 +54,46 @@ $ cfgtool -t sensor -d test -v "CPU Temp" 12abc
 $ cfgtool -t sensor -d test -v "CPU Temp" "12 "
 $ cfgtool -t sensor -d test -v "CPU Temp" warm
 do find CPU Temp
-| Sensor test failed, error code: 0x40000009
+fail| Sensor test failed, error code: 0x40000009
 
 # An empty text leaves nothing behind its number, which is 0
 $ cfgtool -t sensor -d test -v "CPU Temp" ""
 do find CPU Temp
 > 30 91  D9 7E 00 0C 11 01 00 < 00
-| Sensor test successfully.
+done| Sensor test successfully.
 log 2 Sensor "Set sensor(CPU Temp) test value() success,EvtCode:0x206002E0"
 
 # A value that does not fit the raw byte is refused
 $ cfgtool -t sensor -d test -v "CPU Temp" 255.4
 $ cfgtool -t sensor -d test -v "CPU Temp" 300
 do find CPU Temp
-| Sensor test failed, error code: 0x4000000A
+fail| Sensor test failed, error code: 0x4000000A
 
 # A signed format has other bounds
 $ cfgtool -t sensor -d test -v "CPU Temp" 128
 $ cfgtool -t sensor -d test -v "CPU Temp" -129
 do find a signed CPU Temp
-| Sensor test failed, error code: 0x4000000A
+fail| Sensor test failed, error code: 0x4000000A
 
 # -3.7 in a signed format is -3, not -4
 $ cfgtool -t sensor -d test -v "CPU Temp" -3.7
 do find a signed CPU Temp
 > 30 91  D9 7E 00 0C 11 01 FD < 00
-| Sensor test successfully.
+done| Sensor test successfully.
 log 2 Sensor "Set sensor(CPU Temp) test value(-3.7) success,EvtCode:0x206002E0"
 
 # Any other record takes a raw count of 16 bits, low byte first, cut to an integer
 $ cfgtool -t sensor -d test -v PSU 4660.9
 do find PSU
 > 30 91  D9 7E 00 0C 21 01 34 12 < 00
-| Sensor test successfully.
+done| Sensor test successfully.
 log 2 Sensor "Set sensor(PSU) test value(4660.9) success,EvtCode:0x206002E0"
 
 # The highest count
 $ cfgtool -t sensor -d test -v PSU 65535
 do find PSU
 > 30 91  D9 7E 00 0C 21 01 FF FF < 00
-| Sensor test successfully.
+done| Sensor test successfully.
 log 2 Sensor "Set sensor(PSU) test value(65535) success,EvtCode:0x206002E0"
 
 # A count above 65535 is refused, be it only by a fraction
@@ -101,69 +101,69 @@ $ cfgtool -t sensor -d test -v PSU 65535.1
 $ cfgtool -t sensor -d test -v PSU 65536
 $ cfgtool -t sensor -d test -v PSU 1e40
 do find PSU
-| Sensor test failed, error code: 0x4000000A
+fail| Sensor test failed, error code: 0x4000000A
 
 # A negative count has no unsigned integer: 0 is sent
 $ cfgtool -t sensor -d test -v PSU -5
 do find PSU
 > 30 91  D9 7E 00 0C 21 01 00 00 < 00
-| Sensor test successfully.
+done| Sensor test successfully.
 log 2 Sensor "Set sensor(PSU) test value(-5) success,EvtCode:0x206002E0"
 
 # stop has no high byte, for any record
 $ cfgtool -t sensor -d test -v PSU stop
 do find PSU
 > 30 91  D9 7E 00 0C 21 00 00 < 00
-| Sensor test successfully.
+done| Sensor test successfully.
 log 2 Sensor "Set sensor(PSU) test value(stop) success,EvtCode:0x206002E0"
 
 # The controller refuses
 $ cfgtool -t sensor -d test -v PSU stop
 do find PSU
 > 30 91  D9 7E 00 0C 21 00 00 < CB
-| Sensor test failed, error code: 0x309100CB
+fail| Sensor test failed, error code: 0x309100CB
 
 # It refuses the value of a full record
 $ cfgtool -t sensor -d test -v "CPU Temp" 85.5
 do find CPU Temp
 > 30 91  D9 7E 00 0C 11 01 56 < C9
-| Sensor test failed, error code: 0x309100C9
+fail| Sensor test failed, error code: 0x309100C9
 
 # No answer
 $ cfgtool -t sensor -d test -v PSU 5
 do find PSU
 > 30 91  D9 7E 00 0C 21 01 05 00 < silent
 |"Select OutTime \r\n"
-| Sensor test failed, error code: 0x40000001
+fail| Sensor test failed, error code: 0x40000001
 
 # The value is judged only when there is a sensor: an unknown sensor is the error
 $ cfgtool -t sensor -d test -v Inlet 12abc
 do find PSU
-| Sensor test failed, error code: 0x40000003
+fail| Sensor test failed, error code: 0x40000003
 
 # Exactly a sensor and a value behind -v
 $ cfgtool -t sensor -d test
 $ cfgtool -t sensor -d test -v
 $ cfgtool -t sensor -d test -v PSU
 $ cfgtool -t sensor -d test -v PSU 1 2
-|"Usage: cfgtool -t sensor -d test -v <sensorname> <value> \r\n"
-| value:  value      start test and set the current value
-|         stop       stop test
+usage|"Usage: cfgtool -t sensor -d test -v <sensorname> <value> \r\n"
+usage| value:  value      start test and set the current value
+usage|         stop       stop test
 
 # What is no number for a full record is none for any other
 $ cfgtool -t sensor -d test -v PSU 12abc
 do find PSU
-| Sensor test failed, error code: 0x40000009
+fail| Sensor test failed, error code: 0x40000009
 
 # Not a number at all fits no integer: 0 is sent
 $ cfgtool -t sensor -d test -v PSU nan
 do find PSU
 > 30 91  D9 7E 00 0C 21 01 00 00 < 00
-| Sensor test successfully.
+done| Sensor test successfully.
 log 2 Sensor "Set sensor(PSU) test value(nan) success,EvtCode:0x206002E0"
 
 # The test cannot be sent
 $ cfgtool -t sensor -d test -v PSU stop
 do find PSU
 > 30 91  D9 7E 00 0C 21 00 00 < unsent
-| Sensor test failed, error code: 0x40000000
+fail| Sensor test failed, error code: 0x40000000

@@ -2,43 +2,46 @@
 $ cfgtool -t service -d state -v webssl enabled
 > 30 93  D9 7E 00  0F 09 01 00 00 01  41  < 00
 log 2 Zentro "Enable webssl service success,EvtCode:0x202001A0"
-| Set webssl service state success.
+done| Set webssl service state success.
 
 # service state: disabled
 $ cfgtool -t service -d state -v webssl disabled
 > 30 93  D9 7E 00  0F 09 01 00 00 01  40  < 00
 log 2 Zentro "Disable webssl service success,EvtCode:0x202001A0"
-| Set webssl service state success.
+done| Set webssl service state success.
 
 # service state: a request without an answer counts as a success
 $ cfgtool -t service -d state -v webssl enabled
 > 30 93  D9 7E 00  0F 09 01 00 00 01  41  < silent
 |"Select OutTime \r\n"
+fail 40000001|""
 log 2 Zentro "Enable webssl service success,EvtCode:0x202001A0"
-| Set webssl service state success.
+done| Set webssl service state success.
 
 # service state: and so does one that is not sent
 $ cfgtool -t service -d state -v webssl disabled
 > 30 93  D9 7E 00  0F 09 01 00 00 01  40  < unsent
+fail 40000000|""
 log 2 Zentro "Disable webssl service success,EvtCode:0x202001A0"
-| Set webssl service state success.
+done| Set webssl service state success.
 
 # service state: and one whose answers are others'
 $ cfgtool -t service -d state -v webssl disabled
 > 30 93  D9 7E 00  0F 09 01 00 00 01  40  < netfn
+fail 40000002|""
 log 2 Zentro "Disable webssl service success,EvtCode:0x202001A0"
-| Set webssl service state success.
+done| Set webssl service state success.
 
 # service state: refused: told, then recorded
 $ cfgtool -t service -d state -v webssl enabled
 > 30 93  D9 7E 00  0F 09 01 00 00 01  41  < C1
-| Set service state failed, error code: 0x309300C1.
+fail| Set service state failed, error code: 0x309300C1.
 log 2 Zentro "Enable webssl service fail,EvtCode:0x202001A1"
 
 # service state: refused when it is to be disabled
 $ cfgtool -t service -d state -v webssl disabled
 > 30 93  D9 7E 00  0F 09 01 00 00 01  40  < D5
-| Set service state failed, error code: 0x309300D5.
+fail| Set service state failed, error code: 0x309300D5.
 log 2 Zentro "Disable webssl service fail,EvtCode:0x202001A1"
 
 # service state: the other services are not for this tool, and only the whole name in small letters is one
@@ -59,8 +62,8 @@ $ cfgtool -t service -d state -v webss enabled
 $ cfgtool -t service -d state -v websslx enabled
 $ cfgtool -t service -d state -v ' webssl' enabled
 $ cfgtool -t service -d state -v 9 enabled
-|"Usage: \r\n"
-|        cfgtool -t service -d state -v <webssl> <enabled|disabled>
+usage|"Usage: \r\n"
+usage|        cfgtool -t service -d state -v <webssl> <enabled|disabled>
 log 2 Zentro "Enable/Disable service fail,EvtCode:0x202001A1"
 
 # service state: no such state
@@ -71,8 +74,8 @@ $ cfgtool -t service -d state -v webssl disabledx
 $ cfgtool -t service -d state -v webssl 'enabled '
 $ cfgtool -t service -d state -v webssl 1
 $ cfgtool -t service -d state -v webssl ''
-|"Usage: \r\n"
-|        cfgtool -t service -d state -v <webssl> <enabled|disabled>
+usage|"Usage: \r\n"
+usage|        cfgtool -t service -d state -v <webssl> <enabled|disabled>
 log 2 Zentro "Enable/Disable service fail,EvtCode:0x202001A1"
 
 # service state: too few words, too many, another first one
@@ -84,8 +87,8 @@ $ cfgtool -t service -d state webssl enabled -v
 $ cfgtool -t service -d state -x webssl enabled
 $ cfgtool -t service -d state -V webssl enabled
 $ cfgtool -t service -d state -v webssl enabled enabled
-|"Usage: \r\n"
-|        cfgtool -t service -d state -v <webssl> <enabled|disabled>
+usage|"Usage: \r\n"
+usage|        cfgtool -t service -d state -v <webssl> <enabled|disabled>
 log 2 Zentro "Enable/Disable service fail,EvtCode:0x202001A1"
 
 # service state: an operator may not, with words or without: told, then recorded
@@ -94,14 +97,14 @@ $ cfgtool -t service -d state -v webssl enabled
 $ cfgtool -t service -d state -v ssh enabled
 $ cfgtool -t service -d state
 > 06 44  01 03                            < 00 11 05 01 03
-| Insufficient privilege level
+refuse| Insufficient privilege level
 log 2 Zentro "Enable/Disable service fail,EvtCode:0x202001A1"
 
 # service state: a privilege that cannot be found out is recorded in the same way
 uid 504
 $ cfgtool -t service -d state -v webssl enabled
 > 06 44  01 04                            < unsent
-| send 'Get User Access Command' failed!
+refuse 40000000| send 'Get User Access Command' failed!
 log 2 Zentro "Enable/Disable service fail,EvtCode:0x202001A1"
 
 # service state: an administrator may
@@ -110,4 +113,4 @@ $ cfgtool -t service -d state -v webssl enabled
 > 06 44  01 04                            < 00 11 05 01 04
 > 30 93  D9 7E 00  0F 09 01 00 00 01  41  < 00
 log 2 Zentro "Enable webssl service success,EvtCode:0x202001A0"
-| Set webssl service state success.
+done| Set webssl service state success.

@@ -1,11 +1,11 @@
 let TRICORN = 54 72 69 63 6F 72 6E 38 00 00 00 00 00 00 00 00 00 00
 
 steps typed
-|"New Community:"
+hidden|"New Community:"
 hidden "Tricorn8\r"
 |"\n"
 call vos_check_incorrect_char "Tricorn8" " "
-|"Confirm Community:"
+hidden|"Confirm Community:"
 hidden "Tricorn8\r"
 |"\n"
 
@@ -17,7 +17,7 @@ do typed
 secret "Tricorn8"
 > 0C 01  01 00 00          < silent  # set complete
 |"Select OutTime \r\n"
-| Set SNMP trap community success.
+done| Set SNMP trap community success.
 log 2 Alert "Set SNMP trap community success,EvtCode:0x213007A0"
 
 # trap community: whether the bracket closes makes no difference after a success
@@ -27,86 +27,86 @@ do typed
 > 0C 01  01 10 TRICORN     < 00
 secret "Tricorn8"
 > 0C 01  01 00 00          < C1
-| Set SNMP trap community success.
+done| Set SNMP trap community success.
 log 2 Alert "Set SNMP trap community success,EvtCode:0x213007A0"
 
 # trap community: one character is enough
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "p\r"
 |"\n"
 call vos_check_incorrect_char "p" " "
-|"Confirm Community:"
+hidden|"Confirm Community:"
 hidden "p\r"
 |"\n"
 > 0C 01  01 00 01          < 00
 > 0C 01  01 10 70 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00  < 00
 > 0C 01  01 00 00          < 00
-| Set SNMP trap community success.
+done| Set SNMP trap community success.
 log 2 Alert "Set SNMP trap community success,EvtCode:0x213007A0"
 
 # trap community: eighteen characters fill the parameter
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "Tricorn-and-Bicorn\r"
 |"\n"
 call vos_check_incorrect_char "Tricorn-and-Bicorn" " "
-|"Confirm Community:"
+hidden|"Confirm Community:"
 hidden "Tricorn-and-Bicorn\r"
 |"\n"
 > 0C 01  01 00 01          < 00
 > 0C 01  01 10 54 72 69 63 6F 72 6E 2D 61 6E 64 2D 42 69 63 6F 72 6E  < 00
 secret "Tricorn-and-Bicorn"
 > 0C 01  01 00 00          < 00
-| Set SNMP trap community success.
+done| Set SNMP trap community success.
 log 2 Alert "Set SNMP trap community success,EvtCode:0x213007A0"
 
 # trap community: a nineteenth character is not taken at either prompt
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "Tricorn-and-Bicorn9\r"
 |"\a\n"
 call vos_check_incorrect_char "Tricorn-and-Bicorn" " "
-|"Confirm Community:"
+hidden|"Confirm Community:"
 hidden "Tricorn-and-Bicorn7\r"
 |"\a\n"
 > 0C 01  01 00 01          < 00
 > 0C 01  01 10 54 72 69 63 6F 72 6E 2D 61 6E 64 2D 42 69 63 6F 72 6E  < 00
 secret "Tricorn-and-Bicorn"
 > 0C 01  01 00 00          < 00
-| Set SNMP trap community success.
+done| Set SNMP trap community success.
 log 2 Alert "Set SNMP trap community success,EvtCode:0x213007A0"
 
 # trap community: a backslash is a character like any other
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "tri\\<corn\\|8\r"
 |"\n"
 call vos_check_incorrect_char "tri\\<corn\\|8" " "
-|"Confirm Community:"
+hidden|"Confirm Community:"
 hidden "tri\\<corn\\|8\r"
 |"\n"
 > 0C 01  01 00 01          < 00
 > 0C 01  01 10 74 72 69 5C 3C 63 6F 72 6E 5C 7C 38 00 00 00 00 00 00  < 00
 secret "tri\\<corn\\|8"
 > 0C 01  01 00 00          < 00
-| Set SNMP trap community success.
+done| Set SNMP trap community success.
 log 2 Alert "Set SNMP trap community success,EvtCode:0x213007A0"
 
 # trap community: and so is a percent sign
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "%s%n%d%x\r"
 |"\n"
 call vos_check_incorrect_char "%s%n%d%x" " "
-|"Confirm Community:"
+hidden|"Confirm Community:"
 hidden "%s%n%d%x\r"
 |"\n"
 > 0C 01  01 00 01          < 00
 > 0C 01  01 10 25 73 25 6E 25 64 25 78 00 00 00 00 00 00 00 00 00 00  < 00
 secret "%s%n%d%x"
 > 0C 01  01 00 00          < 00
-| Set SNMP trap community success.
+done| Set SNMP trap community success.
 log 2 Alert "Set SNMP trap community success,EvtCode:0x213007A0"
 
 # trap community: any word behind the dataitem: how it is done, and no prompt
@@ -115,108 +115,112 @@ $ cfgtool -t trap -d community -v x
 $ cfgtool -t trap -d community x
 $ cfgtool -t trap -d community ''
 $ cfgtool -t trap -d community -v x y
-| Usage: cfgtool -t trap -d community
-|     Contains 1-18 characters.
-|     Contains any digits, letters, or symbols except space.
-|     You must add blackslashes (\) before the following characters: ~!@#$%^&*()-=_+{}[]\|:;'"<>?,./
-|     For example, tes\<a\|b\>t.
+usage| Usage: cfgtool -t trap -d community
+usage|     Contains 1-18 characters.
+usage|     Contains any digits, letters, or symbols except space.
+usage|     You must add blackslashes (\) before the following characters: ~!@#$%^&*()-=_+{}[]\|:;'"<>?,./
+usage|     For example, tes\<a\|b\>t.
 
 # trap community: an operator may not, with words or without; there is no prompt
 uid 503
 $ cfgtool -t trap -d community -v x
 $ cfgtool -t trap -d community
 > 06 44  01 03             < 00 11 05 01 03
-| Insufficient privilege level
+refuse| Insufficient privilege level
 
 # trap community: nothing can be typed
 $ cfgtool -t trap -d community
-|"New Community:Usage: Input New Community error \r\n"
+hidden|"New Community:"
+refuse|"Usage: Input New Community error \r\n"
 
 # trap community: an empty one: "spaces", where the usage above has "space"
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "\r"
 |"\n"
-| Usage: cfgtool -t trap -d community
-|     Contains 1-18 characters.
-|     Contains any digits, letters, or symbols except spaces.
-|     You must add blackslashes (\) before the following characters: ~!@#$%^&*()-=_+{}[]\|:;'"<>?,./
-|     For example, tes\<a\|b\>t.
+usage| Usage: cfgtool -t trap -d community
+usage|     Contains 1-18 characters.
+usage|     Contains any digits, letters, or symbols except spaces.
+usage|     You must add blackslashes (\) before the following characters: ~!@#$%^&*()-=_+{}[]\|:;'"<>?,./
+usage|     For example, tes\<a\|b\>t.
 
 # trap community: a blank in it
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "Tricorn and\r"
 |"\n"
 call vos_check_incorrect_char "Tricorn and" " " -> 1
 secret "Tricorn and"
-|"Community string exclude characters:  spaces \r\n"
+refuse|"Community string exclude characters:  spaces \r\n"
 
 # trap community: a blank at its end alone
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "Tricorn8 \r"
 |"\n"
 call vos_check_incorrect_char "Tricorn8 " " " -> -1
 secret "Tricorn8 "
-|"Community string exclude characters:  spaces \r\n"
+refuse|"Community string exclude characters:  spaces \r\n"
 
 # trap community: a blank that the platform lets through ends what is sent
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "Tri corn8\r"
 |"\n"
 call vos_check_incorrect_char "Tri corn8" " " -> 0
-|"Confirm Community:"
+hidden|"Confirm Community:"
 hidden "Tri corn8\r"
 |"\n"
 > 0C 01  01 00 01          < 00
 > 0C 01  01 10 54 72 69 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00  < 00
 secret "Tri corn8"
 > 0C 01  01 00 00          < 00
-| Set SNMP trap community success.
+done| Set SNMP trap community success.
 log 2 Alert "Set SNMP trap community success,EvtCode:0x213007A0"
 
 # trap community: the second one differs in the case of its letters
 $ cfgtool -t trap -d community
 secret "TRICORN8"
-|"New Community:"
+hidden|"New Community:"
 hidden "Tricorn8\r"
 |"\n"
 call vos_check_incorrect_char "Tricorn8" " "
 secret "Tricorn8"
-|"Confirm Community:"
+hidden|"Confirm Community:"
 hidden "TRICORN8\r"
-|"\nConfirm Community error.\r\n"
+|"\n"
+refuse| Confirm Community error.
 
 # trap community: the second one is longer
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "Tricorn8\r"
 |"\n"
 call vos_check_incorrect_char "Tricorn8" " "
 secret "Tricorn8"
-|"Confirm Community:"
+hidden|"Confirm Community:"
 hidden "Tricorn88\r"
-|"\nConfirm Community error.\r\n"
+|"\n"
+refuse| Confirm Community error.
 
 # trap community: the second one is empty
 $ cfgtool -t trap -d community
-|"New Community:"
+hidden|"New Community:"
 hidden "Tricorn8\r"
 |"\n"
 call vos_check_incorrect_char "Tricorn8" " "
 secret "Tricorn8"
-|"Confirm Community:"
+hidden|"Confirm Community:"
 hidden "\r"
-|"\nConfirm Community error.\r\n"
+|"\n"
+refuse| Confirm Community error.
 
 # trap community: opening is refused: told, and not closed
 $ cfgtool -t trap -d community
 do typed
 > 0C 01  01 00 01          < 81
 secret "Tricorn8"
-| Set SNMP trap community name, error code: 0xC010181
+fail| Set SNMP trap community name, error code: 0xC010181
 
 # trap community: opening is not answered: told, and not closed
 $ cfgtool -t trap -d community
@@ -224,14 +228,14 @@ do typed
 > 0C 01  01 00 01          < silent
 secret "Tricorn8"
 |"Select OutTime \r\n"
-| Set SNMP trap community name, error code: 0x40000001
+fail| Set SNMP trap community name, error code: 0x40000001
 
 # trap community: opening is not sent: told, and not closed
 $ cfgtool -t trap -d community
 do typed
 > 0C 01  01 00 01          < unsent
 secret "Tricorn8"
-| Set SNMP trap community name, error code: 0x40000000
+fail| Set SNMP trap community name, error code: 0x40000000
 
 # trap community: refused: told, then closed
 $ cfgtool -t trap -d community
@@ -239,7 +243,7 @@ do typed
 > 0C 01  01 00 01          < 00
 > 0C 01  01 10 TRICORN     < C9
 secret "Tricorn8"
-| Set SNMP trap community failed, error code: 0xC0110C9
+fail| Set SNMP trap community failed, error code: 0xC0110C9
 > 0C 01  01 00 00          < silent
 |"Select OutTime \r\n"
 
@@ -249,7 +253,7 @@ do typed
 > 0C 01  01 00 01          < 00
 > 0C 01  01 10 TRICORN     < 84
 secret "Tricorn8"
-| Set SNMP trap community failed, error code: 0xC011084
+fail| Set SNMP trap community failed, error code: 0xC011084
 | Invalid Community:
 | 1) Contains 8-18 characters.
 | 2) Contains at least one of the following special characters:`~!@#$%^&*()-_=+\|[{}];:'",<.>/?
@@ -265,7 +269,7 @@ do typed
 > 0C 01  01 10 TRICORN     < silent
 secret "Tricorn8"
 |"Select OutTime \r\n"
-| Set SNMP trap community failed, error code: 0x40000001
+fail| Set SNMP trap community failed, error code: 0x40000001
 > 0C 01  01 00 00          < C1
 
 # trap community: not sent: told, then closed
@@ -274,7 +278,7 @@ do typed
 > 0C 01  01 00 01          < 00
 > 0C 01  01 10 TRICORN     < unsent
 secret "Tricorn8"
-| Set SNMP trap community failed, error code: 0x40000000
+fail| Set SNMP trap community failed, error code: 0x40000000
 > 0C 01  01 00 00          < 00
 
 # trap community: answers of others: told, then closed
@@ -283,5 +287,5 @@ do typed
 > 0C 01  01 00 01          < 00
 > 0C 01  01 10 TRICORN     < command
 secret "Tricorn8"
-| Set SNMP trap community failed, error code: 0x40000002
+fail| Set SNMP trap community failed, error code: 0x40000002
 > 0C 01  01 00 00          < 00

@@ -5,7 +5,7 @@ $ cfgtool -t trap -d mode -v 00
 $ cfgtool -t trap -d mode -v -0
 $ cfgtool -t trap -d mode -v ''
 > 30 93  D9 7E 00  15 01 11 00 00 01  00  < 00
-| Set trap mode Event Code success.
+done| Set trap mode Event Code success.
 log 2 Alert "Set SNMP trap mode(Event Code) success,EvtCode:0x21300CF0"
 
 # trap mode: object identifiers, however the 1 is written
@@ -16,7 +16,7 @@ $ cfgtool -t trap -d mode -v 01
 $ cfgtool -t trap -d mode -v +1
 $ cfgtool -t trap -d mode -v ' 1'
 > 30 93  D9 7E 00  15 01 11 00 00 01  01  < 00
-| Set trap mode OID success.
+done| Set trap mode OID success.
 log 2 Alert "Set SNMP trap mode(OID) success,EvtCode:0x21300CF0"
 
 # trap mode: no such mode, no number, too few words, too many, another first one
@@ -36,30 +36,30 @@ $ cfgtool -t trap -d mode 1
 $ cfgtool -t trap -d mode 1 -v
 $ cfgtool -t trap -d mode -x 1
 $ cfgtool -t trap -d mode -v 1 1
-| Usage: cfgtool -t trap -d  mode -v <option>
-| Options are:
-|"    0     Event Code  \r\n"
-|"    1     OID  \r\n"
+usage| Usage: cfgtool -t trap -d  mode -v <option>
+usage| Options are:
+usage|"    0     Event Code  \r\n"
+usage|"    1     OID  \r\n"
 
 # trap mode: an operator may not, with words or without
 uid 503
 $ cfgtool -t trap -d mode -v 1
 $ cfgtool -t trap -d mode
 > 06 44  01 03                            < 00 11 05 01 03
-| Insufficient privilege level
+refuse| Insufficient privilege level
 
 # trap mode: refused: told by number; the second byte of the maker's number stands in the code
 $ cfgtool -t trap -d mode -v 0
 > 30 93  D9 7E 00  15 01 11 00 00 01  00  < CC
-| Set trap mode 0 failed, error code: 0x30937ECC
+fail| Set trap mode 0 failed, error code: 0x30937ECC
 
 # trap mode: not answered: told by number and without a blank
 $ cfgtool -t trap -d mode -v 1
 > 30 93  D9 7E 00  15 01 11 00 00 01  01  < silent
 |"Select OutTime \r\n"
-| Set trap mode 1 failed,error code: 0x40000001
+fail| Set trap mode 1 failed,error code: 0x40000001
 
 # trap mode: not sent: told by number and without a blank
 $ cfgtool -t trap -d mode -v 1
 > 30 93  D9 7E 00  15 01 11 00 00 01  01  < unsent
-| Set trap mode 1 failed,error code: 0x40000000
+fail| Set trap mode 1 failed,error code: 0x40000000

@@ -4,7 +4,7 @@ $ cfgtool -t trap -d version -v V1
 > 0C 01  01 C3 D9 7E 00  01  < 00
 > 0C 01  01 00 00            < silent  # set complete
 |"Select OutTime \r\n"
-| Set trap V1 success.
+done| Set trap V1 success.
 log 2 Alert "Set SNMP trap version(V1) success,EvtCode:0x21300790"
 
 # trap version: V2C
@@ -12,7 +12,7 @@ $ cfgtool -t trap -d version -v V2C
 > 0C 01  01 00 01            < 00
 > 0C 01  01 C3 D9 7E 00  02  < 00
 > 0C 01  01 00 00            < C1      # makes no difference
-| Set trap V2C success.
+done| Set trap V2C success.
 log 2 Alert "Set SNMP trap version(V2C) success,EvtCode:0x21300790"
 
 # trap version: in small letters: told in capitals, recorded as typed
@@ -20,7 +20,7 @@ $ cfgtool -t trap -d version -v v3
 > 0C 01  01 00 01            < 00
 > 0C 01  01 C3 D9 7E 00  03  < 00
 > 0C 01  01 00 00            < 00
-| Set trap V3 success.
+done| Set trap V3 success.
 log 2 Alert "Set SNMP trap version(v3) success,EvtCode:0x21300790"
 
 # trap version: in letters of both kinds
@@ -28,7 +28,7 @@ $ cfgtool -t trap -d version -v v2C
 > 0C 01  01 00 01            < 00
 > 0C 01  01 C3 D9 7E 00  02  < 00
 > 0C 01  01 00 00            < 00
-| Set trap V2C success.
+done| Set trap V2C success.
 log 2 Alert "Set SNMP trap version(v2C) success,EvtCode:0x21300790"
 
 # trap version: no such version
@@ -42,7 +42,7 @@ $ cfgtool -t trap -d version -v V2CC
 $ cfgtool -t trap -d version -v ' V1'
 $ cfgtool -t trap -d version -v 'V3 '
 $ cfgtool -t trap -d version -v ''
-| Usage: cfgtool -t trap -d version -v <V1|V2C|V3>
+usage| Usage: cfgtool -t trap -d version -v <V1|V2C|V3>
 
 # trap version: too few words, too many, another first one
 $ cfgtool -t trap -d version
@@ -52,36 +52,36 @@ $ cfgtool -t trap -d version V1 -v
 $ cfgtool -t trap -d version -x V1
 $ cfgtool -t trap -d version -V V1
 $ cfgtool -t trap -d version -v V1 V3
-| Usage: cfgtool -t trap -d version -v <V1|V2C|V3>
+usage| Usage: cfgtool -t trap -d version -v <V1|V2C|V3>
 
 # trap version: an operator may not, with words or without
 uid 503
 $ cfgtool -t trap -d version -v V3
 $ cfgtool -t trap -d version
 > 06 44  01 03               < 00 11 05 01 03
-| Insufficient privilege level
+refuse| Insufficient privilege level
 
 # trap version: opening is refused: told, and not closed
 $ cfgtool -t trap -d version -v V3
 > 0C 01  01 00 01            < 81
-| Set trap version, error code: 0xC010181
+fail| Set trap version, error code: 0xC010181
 
 # trap version: opening is not answered: told, and not closed
 $ cfgtool -t trap -d version -v V3
 > 0C 01  01 00 01            < silent
 |"Select OutTime \r\n"
-| Set trap version, error code: 0x40000001
+fail| Set trap version, error code: 0x40000001
 
 # trap version: opening is not sent: told, and not closed
 $ cfgtool -t trap -d version -v V3
 > 0C 01  01 00 01            < unsent
-| Set trap version, error code: 0x40000000
+fail| Set trap version, error code: 0x40000000
 
 # trap version: refused: told in capitals, then closed
 $ cfgtool -t trap -d version -v v2c
 > 0C 01  01 00 01            < 00
 > 0C 01  01 C3 D9 7E 00  02  < 84
-| Set trap V2C failed, error code: 0xC01C384
+fail| Set trap V2C failed, error code: 0xC01C384
 > 0C 01  01 00 00            < silent
 |"Select OutTime \r\n"
 
@@ -90,12 +90,12 @@ $ cfgtool -t trap -d version -v v1
 > 0C 01  01 00 01            < 00
 > 0C 01  01 C3 D9 7E 00  01  < silent
 |"Select OutTime \r\n"
-| Set trap V1 failed,error code: 0x40000001
+fail| Set trap V1 failed,error code: 0x40000001
 > 0C 01  01 00 00            < C1
 
 # trap version: not sent: told in capitals and without a blank, then closed
 $ cfgtool -t trap -d version -v v3
 > 0C 01  01 00 01            < 00
 > 0C 01  01 C3 D9 7E 00  03  < unsent
-| Set trap V3 failed,error code: 0x40000000
+fail| Set trap V3 failed,error code: 0x40000000
 > 0C 01  01 00 00            < 00

@@ -25,7 +25,7 @@ do nobody for 4..17
 
 steps proven
 do users
-|"Input your password:"
+hidden|"Input your password:"
 hidden "Sesame-1\r"
 |"\n"
 > 30 91  CHECK ADMIN SESAME  < 00
@@ -51,9 +51,10 @@ do chosen
 do released
 
 steps typed twice
-|"Password:"
+hidden|"Password:"
 hidden "Foxglove 2\r"
-|"\nConfirm password:"
+|"\n"
+hidden|"Confirm password:"
 hidden "Foxglove 2\r"
 |"\n"
 
@@ -65,8 +66,8 @@ secret "Foxglove 2"
 
 steps enabled
 >> 06 47  04 01 NOBODY  < 00
-|"\nAdd user successfully.\r\n"
-| New user is NO Access, you should modify user privileges as needed.
+done|"\nAdd user successfully.\r\n"
+done| New user is NO Access, you should modify user privileges as needed.
 log 1 User "Add user(carol|user4) success,EvtCode:0x11100560"
 
 steps rolled back
@@ -82,8 +83,8 @@ steps failed at the lock
 log 1 User "Add user(carol) fail,EvtCode:0x11100561"
 
 steps usage
-| cfgtool -d adduser -v <username>
-|     contain digits, letters, and characters except colons (:,\), but cannot start with a number sign (#) or space.
+usage| cfgtool -d adduser -v <username>
+usage|     contain digits, letters, and characters except colons (:,\), but cannot start with a number sign (#) or space.
 
 steps rules
 | Invalid Password:
@@ -97,13 +98,14 @@ steps rules
 
 steps repetition typed twice
 do named
-|"Password:"
+hidden|"Password:"
 hidden "ropes-ropes-\r"
-|"\nConfirm password:"
+|"\n"
+hidden|"Confirm password:"
 hidden "ropes-ropes-\r"
 |"\n"
 | WARNING: Using a password consisting of only repeated string may have many adverse effects,such as aa, ababab, and abcdabcd.
-|"Do you want to continue?[Y/N]:"
+confirm|"Do you want to continue?[Y/N]:"
 
 # adduser: a name in the first free place, a password, and the user may log in; no privilege is given
 $ cfgtool -d adduser -v carol
@@ -120,7 +122,7 @@ $ cfgtool -d adduser -v carol
 > 06 44  01 03  < 00 11 02 00 34
 call vos_check_username "carol"
 do users
-|"Input your password:"
+hidden|"Input your password:"
 hidden "Sesame-1\r"
 |"\n"
 > 30 91  CHECK BOB SESAME  < 00
@@ -143,8 +145,8 @@ do typed twice
 >> 06 47  84 02 FOXGLOVE  < silent, wait 00
 secret "Foxglove 2"
 >> 06 47  04 01 NOBODY  < silent, silent, silent, silent, wait wait wait wait 00
-|"\nAdd user successfully.\r\n"
-| New user is NO Access, you should modify user privileges as needed.
+done|"\nAdd user successfully.\r\n"
+done| New user is NO Access, you should modify user privileges as needed.
 log 1 User "Add user(carol|user4) success,EvtCode:0x11100560"
 
 # adduser: the lock's file is made when it is not there; removing it is the platform's work
@@ -156,7 +158,7 @@ call lock "/ipmc/usr/adduser_mutex" 666 write 40 10
 do users
 >> 06 45  04 CAROL  < CC
 do released
-| Add user failed, error code: 0x64500CC
+fail| Add user failed, error code: 0x64500CC
 log 1 User "Add user(carol|user4) fail,EvtCode:0x11100561"
 wrote /ipmc/usr/adduser_mutex ""
 
@@ -171,7 +173,7 @@ do somebody for 11..11
 do nobody for 12..17
 >> 06 45  0A CAROL  < CC
 do released
-| Add user failed, error code: 0x64500CC
+fail| Add user failed, error code: 0x64500CC
 log 1 User "Add user(carol|user10) fail,EvtCode:0x11100561"
 
 # adduser: user 2 is the first that can be given
@@ -183,7 +185,7 @@ do nobody for 2..2
 do somebody for 3..17
 >> 06 45  02 CAROL  < CC
 do released
-| Add user failed, error code: 0x64500CC
+fail| Add user failed, error code: 0x64500CC
 log 1 User "Add user(carol|user2) fail,EvtCode:0x11100561"
 
 # adduser: user 17 is the last that can be given
@@ -199,8 +201,8 @@ do typed twice
 >> 06 47  91 02 FOXGLOVE  < 00
 secret "Foxglove 2"
 >> 06 47  11 01 NOBODY  < 00
-|"\nAdd user successfully.\r\n"
-| New user is NO Access, you should modify user privileges as needed.
+done|"\nAdd user successfully.\r\n"
+done| New user is NO Access, you should modify user privileges as needed.
 log 1 User "Add user(carol|user17) success,EvtCode:0x11100560"
 
 # adduser: all places taken
@@ -209,7 +211,7 @@ call vos_check_username "carol"
 do proven
 do locked
 do somebody for 2..17
-| User full, can't add more user.
+refuse| User full, can't add more user.
 do released
 log 1 User "Add user(carol|user18) fail,EvtCode:0x11100561"
 
@@ -219,7 +221,7 @@ call vos_check_username "bob"
 do proven
 do locked
 do users
-| User bob exists.
+refuse| User bob exists.
 do released
 log 1 User "Add user(bob|user3) fail,EvtCode:0x11100561"
 
@@ -231,7 +233,7 @@ do locked
 do somebody for 2..16
 > 06 46  11     < 00 CAROL
 > 06 44  01 11  < 00 11 10 00 02
-| User carol exists.
+refuse| User carol exists.
 do released
 log 1 User "Add user(carol|user17) fail,EvtCode:0x11100561"
 
@@ -243,7 +245,7 @@ do locked
 do users
 >> 06 45  04 42 6F 62 00 00 00 00 00 00 00 00 00 00 00 00 00  < CC
 do released
-| Add user failed, error code: 0x64500CC
+fail| Add user failed, error code: 0x64500CC
 log 1 User "Add user(Bob|user4) fail,EvtCode:0x11100561"
 
 # adduser: how another name begins is another
@@ -254,7 +256,7 @@ do locked
 do users
 >> 06 45  04 62 6F 00 00 00 00 00 00 00 00 00 00 00 00 00 00  < CC
 do released
-| Add user failed, error code: 0x64500CC
+fail| Add user failed, error code: 0x64500CC
 log 1 User "Add user(bo|user4) fail,EvtCode:0x11100561"
 
 # adduser: sixteen characters are a name
@@ -269,53 +271,53 @@ do typed twice
 >> 06 47  84 02 FOXGLOVE  < 00
 secret "Foxglove 2"
 >> 06 47  04 01 NOBODY  < 00
-|"\nAdd user successfully.\r\n"
-| New user is NO Access, you should modify user privileges as needed.
+done|"\nAdd user successfully.\r\n"
+done| New user is NO Access, you should modify user privileges as needed.
 log 1 User "Add user(sixteen-letters!|user4) success,EvtCode:0x11100560"
 
 # adduser: seventeen are none
 $ cfgtool -d adduser -v sixteen-letters!!
 call vos_check_username "sixteen-letters!!"
 do proven
-| The length of user name is too long.
-| User name should less than 17 bytes.
+refuse| The length of user name is too long.
+refuse| User name should less than 17 bytes.
 do failed early
 
 # adduser: twenty blanks are a name too long and not a blank one
 $ cfgtool -d adduser -v '{ *20}'
 call vos_check_username "{ *20}"
 do proven
-| The length of user name is too long.
-| User name should less than 17 bytes.
+refuse| The length of user name is too long.
+refuse| User name should less than 17 bytes.
 do failed early
 
 # adduser: seventeen blanks are a blank name
 $ cfgtool -d adduser -v '{ *17}'
 call vos_check_username "{ *17}"
 do proven
-| The user name can not be blank.
+refuse| The user name can not be blank.
 do failed early
 
 # adduser: eighteen blanks are too long
 $ cfgtool -d adduser -v '{ *18}'
 call vos_check_username "{ *18}"
 do proven
-| The length of user name is too long.
-| User name should less than 17 bytes.
+refuse| The length of user name is too long.
+refuse| User name should less than 17 bytes.
 do failed early
 
 # adduser: one blank is a blank name
 $ cfgtool -d adduser -v ' '
 call vos_check_username " "
 do proven
-| The user name can not be blank.
+refuse| The user name can not be blank.
 do failed early
 
 # adduser: an empty name is a blank one
 $ cfgtool -d adduser -v ''
 call vos_check_username ""
 do proven
-| The user name can not be blank.
+refuse| The user name can not be blank.
 do failed early
 
 # adduser: a blank in a name is none at its end
@@ -326,7 +328,7 @@ do locked
 do users
 >> 06 45  04 62 6F 20 62 00 00 00 00 00 00 00 00 00 00 00 00  < CC
 do released
-| Add user failed, error code: 0x64500CC
+fail| Add user failed, error code: 0x64500CC
 log 1 User "Add user(bo b|user4) fail,EvtCode:0x11100561"
 
 # adduser: an operator may not, whatever is typed, and a record is left
@@ -334,7 +336,7 @@ uid 503
 $ cfgtool -d adduser -v carol
 $ cfgtool -d adduser
 > 06 44  01 03  < 00 11 02 00 33
-| Insufficient privilege level
+refuse| Insufficient privilege level
 do failed early
 
 # adduser: nor may one whose privilege is not answered
@@ -342,14 +344,14 @@ uid 503
 $ cfgtool -d adduser -v carol
 > 06 44  01 03  < silent
 |"Select OutTime \r\n"
-| send 'Get User Access Command' failed!
+refuse 40000001| send 'Get User Access Command' failed!
 do failed early
 
 # adduser: nor one whose privilege is refused
 uid 503
 $ cfgtool -d adduser -v carol
 > 06 44  01 03  < CC
-| Get User Access Command failed!
+refuse 064400CC| Get User Access Command failed!
 do failed early
 
 # adduser: one word behind -v
@@ -378,26 +380,27 @@ do failed early
 $ cfgtool -d adduser -v carol
 call vos_check_username "carol"
 do users
-|"Input your password:"
+hidden|"Input your password:"
 hidden "Sesame-1\r"
 |"\n"
 > 30 91  CHECK ADMIN SESAME  < 82
 secret "Sesame-1"
-| Incorrect password.
+refuse 30910082| Incorrect password.
 do failed early
 
 # adduser: no password typed
 $ cfgtool -d adduser -v carol
 call vos_check_username "carol"
 do users
-|"Input your password:"
-| Input your password error.
+hidden|"Input your password:"
+refuse| Input your password error.
 do failed early
 
 # adduser: the users cannot be read: no question and no word
 $ cfgtool -d adduser -v carol
 call vos_check_username "carol"
 > 06 46  02  < CC
+refuse 064600CC|""
 do failed early
 
 # adduser: account 500 behind root's rights is no user
@@ -405,13 +408,14 @@ real 500
 $ cfgtool -d adduser -v carol
 call vos_check_username "carol"
 do users
+refuse|""
 do failed early
 
 # adduser: there is no place for the lock's file
 $ cfgtool -d adduser -v carol
 call vos_check_username "carol"
 do proven
-| Add user failed, error code: 0x50000002
+fail| Add user failed, error code: 0x50000002
 do failed at the lock
 
 # adduser: no link is followed to another file
@@ -420,7 +424,7 @@ file /ipmc/usr/adduser_mutex link ../../tmp/elsewhere
 $ cfgtool -d adduser -v carol
 call vos_check_username "carol"
 do proven
-| Add user failed, error code: 0x50000002
+fail| Add user failed, error code: 0x50000002
 do failed at the lock
 
 # adduser: the lock is refused; its file goes
@@ -431,7 +435,7 @@ call vos_check_username "carol"
 do proven
 call lock "/ipmc/usr/adduser_mutex" 666 write 40 10
 do released
-| Add user failed, error code: 0x50000003
+fail| Add user failed, error code: 0x50000003
 do failed at the lock
 
 # adduser: a lock that was interrupted is asked for again
@@ -444,7 +448,7 @@ do locked
 do users
 >> 06 45  04 CAROL  < CC
 do released
-| Add user failed, error code: 0x64500CC
+fail| Add user failed, error code: 0x64500CC
 do failed
 
 # adduser: a lock on a file that its holder has removed is none: the one that is there now is locked
@@ -459,7 +463,7 @@ call lock "/ipmc/usr/adduser_mutex" 666 write 40 10
 do users
 >> 06 45  04 CAROL  < CC
 do released
-| Add user failed, error code: 0x64500CC
+fail| Add user failed, error code: 0x64500CC
 do failed
 wrote /ipmc/usr/adduser_mutex ""
 
@@ -475,7 +479,7 @@ call lock "/ipmc/usr/adduser_mutex" 666 write 40 10
 do users
 >> 06 45  04 CAROL  < CC
 do released
-| Add user failed, error code: 0x64500CC
+fail| Add user failed, error code: 0x64500CC
 do failed
 wrote /ipmc/usr/adduser_mutex ""
 
@@ -503,7 +507,7 @@ do proven
 do locked
 > 06 46  02  < silent
 |"Select OutTime \r\n"
-| Add user failed, error code: 0x40000001
+fail| Add user failed, error code: 0x40000001
 do released
 do failed at the lock
 
@@ -514,7 +518,7 @@ do proven
 do locked
 > 06 46  02     < 00 ADMIN
 > 06 44  01 02  < unsent
-| Add user failed, error code: 0x40000000
+fail| Add user failed, error code: 0x40000000
 do released
 do failed at the lock
 
@@ -524,7 +528,7 @@ call vos_check_username "carol"
 do proven
 do locked
 > 06 46  02  < CC
-| Add user failed, error code: 0x64600CC
+fail| Add user failed, error code: 0x64600CC
 do released
 do failed at the lock
 
@@ -535,7 +539,7 @@ do proven
 do locked
 > 06 46  02     < 00 ADMIN
 > 06 44  01 02  < C9
-| Add user failed, error code: 0x64400C9
+fail| Add user failed, error code: 0x64400C9
 do released
 do failed at the lock
 
@@ -545,7 +549,7 @@ do chosen
 >> 06 45  04 CAROL  < silent
 |"Select OutTime \r\n"
 do released
-| Add user failed, error code: 0x40000001
+fail| Add user failed, error code: 0x40000001
 do failed
 
 # adduser: the name is not sent
@@ -553,7 +557,7 @@ $ cfgtool -d adduser -v carol
 do chosen
 >> 06 45  04 CAROL  < unsent
 do released
-| Add user failed, error code: 0x40000000
+fail| Add user failed, error code: 0x40000000
 do failed
 
 # adduser: the name is refused
@@ -561,15 +565,15 @@ $ cfgtool -d adduser -v carol
 do chosen
 >> 06 45  04 CAROL  < D7
 do released
-| Add user failed, error code: 0x64500D7
+fail| Add user failed, error code: 0x64500D7
 do failed
 
 # adduser: the terminal fails at the password: the name goes
 result tcgetattr 0 0 0 0 0 0 0 0 0 0 -1 -1
 $ cfgtool -d adduser -v carol
 do named
-|"Password:"
-| Input password error.
+hidden|"Password:"
+refuse| Input password error.
 do rolled back
 do failed
 
@@ -577,50 +581,54 @@ do failed
 result tcgetattr 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 -1 -1
 $ cfgtool -d adduser -v carol
 do named
-|"Password:"
+hidden|"Password:"
 hidden "Foxglove 2\r"
-|"\nConfirm password:"
+|"\n"
+hidden|"Confirm password:"
 secret "Foxglove 2"
-| Confirm password error.
+refuse| Confirm password error.
 do rolled back
 do failed
 
 # adduser: the confirmation is another word: both and the name go
 $ cfgtool -d adduser -v carol
 do named
-|"Password:"
+hidden|"Password:"
 hidden "Foxglove 2\r"
-|"\nConfirm password:"
+|"\n"
+hidden|"Confirm password:"
 hidden "Bluebell 3\r"
 |"\n"
 secret "Foxglove 2"
 secret "Bluebell 3"
-| Confirm password error.
+refuse| Confirm password error.
 do rolled back
 do failed
 
 # adduser: the confirmation is only how the password begins
 $ cfgtool -d adduser -v carol
 do named
-|"Password:"
+hidden|"Password:"
 hidden "Foxglove 2\r"
-|"\nConfirm password:"
+|"\n"
+hidden|"Confirm password:"
 hidden "Foxglove \r"
 |"\n"
 secret "Foxglove 2"
-| Confirm password error.
+refuse| Confirm password error.
 do rolled back
 do failed
 
 # adduser: a roll-back that fails is not told
 $ cfgtool -d adduser -v carol
 do named
-|"Password:"
+hidden|"Password:"
 hidden "ab\r"
-|"\nConfirm password:"
+|"\n"
+hidden|"Confirm password:"
 hidden "ba\r"
 |"\n"
-| Confirm password error.
+refuse| Confirm password error.
 >> 06 45  04 NOBODY  < D7
 do failed
 
@@ -644,6 +652,7 @@ do enabled
 $ cfgtool -d adduser -v carol
 do repetition typed twice
 keys "n\n"
+refuse|""
 secret "ropes-ropes-"
 do rolled back
 do failed
@@ -652,6 +661,7 @@ do failed
 $ cfgtool -d adduser -v carol
 do repetition typed twice
 keys "N\n"
+refuse|""
 secret "ropes-ropes-"
 do rolled back
 do failed
@@ -660,7 +670,7 @@ do failed
 $ cfgtool -d adduser -v carol
 do repetition typed twice
 keys "x\n"
-| Input character invalid.
+refuse| Input character invalid.
 secret "ropes-ropes-"
 do rolled back
 do failed
@@ -669,7 +679,7 @@ do failed
 $ cfgtool -d adduser -v carol
 do repetition typed twice
 keys "\n"
-| Input character invalid.
+refuse| Input character invalid.
 secret "ropes-ropes-"
 do rolled back
 do failed
@@ -678,7 +688,7 @@ do failed
 $ cfgtool -d adduser -v carol
 do repetition typed twice
 keys "\x04"
-| Input character invalid.
+refuse| Input character invalid.
 secret "ropes-ropes-"
 do rolled back
 do failed
@@ -686,13 +696,14 @@ do failed
 # adduser: an empty password is left to the controller
 $ cfgtool -d adduser -v carol
 do named
-|"Password:"
+hidden|"Password:"
 hidden "\r"
-|"\nConfirm password:"
+|"\n"
+hidden|"Confirm password:"
 hidden "\r"
 |"\n"
 >> 06 47  84 02 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00  < 84
-| Set user password failed, error code: 0x6470084
+fail| Set user password failed, error code: 0x6470084
 do rolled back
 do rules
 do failed
@@ -705,7 +716,7 @@ do typed twice
 secret "Foxglove 2"
 |"Select OutTime \r\n"
 do rolled back
-| Add user failed, error code: 0x40000001
+fail| Add user failed, error code: 0x40000001
 do failed
 
 # adduser: the password is not sent
@@ -715,7 +726,7 @@ do typed twice
 >> 06 47  84 02 FOXGLOVE  < unsent
 secret "Foxglove 2"
 do rolled back
-| Add user failed, error code: 0x40000000
+fail| Add user failed, error code: 0x40000000
 do failed
 
 # adduser: a roll-back that fails before the code is told gives its own
@@ -725,7 +736,7 @@ do typed twice
 >> 06 47  84 02 FOXGLOVE  < unsent
 secret "Foxglove 2"
 >> 06 45  04 NOBODY  < D7
-| Add user failed, error code: 0x64500D7
+fail| Add user failed, error code: 0x64500D7
 do failed
 
 # adduser: a password against the controller's rules: the code is told, the name goes, the rules are told
@@ -734,7 +745,7 @@ do named
 do typed twice
 >> 06 47  84 02 FOXGLOVE  < 84
 secret "Foxglove 2"
-| Set user password failed, error code: 0x6470084
+fail| Set user password failed, error code: 0x6470084
 do rolled back
 do rules
 do failed
@@ -745,7 +756,7 @@ do named
 do typed twice
 >> 06 47  84 02 FOXGLOVE  < 84 length 6
 secret "Foxglove 2"
-| Set user password failed, error code: 0x6470084
+fail| Set user password failed, error code: 0x6470084
 do rolled back
 do rules
 do failed
@@ -756,7 +767,7 @@ do named
 do typed twice
 >> 06 47  84 02 FOXGLOVE  < CC
 secret "Foxglove 2"
-| Add user failed, error code: 0x64700CC
+fail| Add user failed, error code: 0x64700CC
 >> 06 45  04 NOBODY  < unsent
 do failed
 
@@ -766,7 +777,7 @@ do given a password
 >> 06 47  04 01 NOBODY  < silent
 |"Select OutTime \r\n"
 do rolled back
-| Add user failed, error code: 0x40000001
+fail| Add user failed, error code: 0x40000001
 do failed
 
 # adduser: enabling is not sent
@@ -774,14 +785,14 @@ $ cfgtool -d adduser -v carol
 do given a password
 >> 06 47  04 01 NOBODY  < unsent
 do rolled back
-| Add user failed, error code: 0x40000000
+fail| Add user failed, error code: 0x40000000
 do failed
 
 # adduser: enabling is refused for the password: another sentence, the name goes, the rules are told
 $ cfgtool -d adduser -v carol
 do given a password
 >> 06 47  04 01 NOBODY  < 84
-| Set user priv failed, error code: 0x6470084
+fail| Set user priv failed, error code: 0x6470084
 do rolled back
 do rules
 do failed
@@ -790,7 +801,7 @@ do failed
 $ cfgtool -d adduser -v carol
 do given a password
 >> 06 47  04 01 NOBODY  < C1
-| Add user failed, error code: 0x64700C1
+fail| Add user failed, error code: 0x64700C1
 do rolled back
 do failed
 

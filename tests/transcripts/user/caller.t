@@ -19,7 +19,7 @@ steps users
 do nobody for 4..17
 
 steps asked
-|"Input your password:"
+hidden|"Input your password:"
 hidden "Sesame-1\r"
 |"\n"
 
@@ -28,7 +28,7 @@ log 1 User "Delete user fail,EvtCode:0x111005A1"
 
 steps wrong
 secret "Sesame-1"
-| Incorrect password.
+refuse 30910082| Incorrect password.
 do recorded
 
 # caller: root is user 2
@@ -80,18 +80,21 @@ do wrong
 real 1
 $ cfgtool -d deluser -v bob
 do users
+refuse|""
 do recorded
 
 # caller: account 499 is no user
 real 499
 $ cfgtool -d deluser -v bob
 do users
+refuse|""
 do recorded
 
 # caller: account 500 is no user
 real 500
 $ cfgtool -d deluser -v bob
 do users
+refuse|""
 do recorded
 
 # caller: account 518 is none of the users there are
@@ -99,6 +102,7 @@ uid 518
 $ cfgtool -d deluser -v bob
 > 06 44  01 12  < 00 11 02 00 34
 do users
+refuse|""
 do recorded
 
 # caller: account 755 is none of the users there are
@@ -106,28 +110,30 @@ uid 755
 $ cfgtool -d deluser -v bob
 > 06 44  01 FF  < 00 11 02 00 34
 do users
+refuse|""
 do recorded
 
 # caller: account 4294967295 is no user
 real 4294967295
 $ cfgtool -d deluser -v bob
 do users
+refuse|""
 do recorded
 
 # caller: an input that is no terminal has no password
 $ cfgtool -d deluser -v bob
 do users
-|"Input your password:"
-| Input your password error.
+hidden|"Input your password:"
+refuse| Input your password error.
 do recorded
 
 # caller: a terminal that fails at the first key has no password, and nothing is sent
 $ cfgtool -d deluser -v bob
 result tcsetattr 0 -1
 do users
-|"Input your password:"
+hidden|"Input your password:"
 keys ""
-| Input your password error.
+refuse| Input your password error.
 do recorded
 
 # caller: the check is not answered
@@ -137,7 +143,7 @@ do asked
 > 30 91  CHECK ADMIN SESAME  < silent
 secret "Sesame-1"
 |"Select OutTime \r\n"
-| send 'check user password' failed, error code: 0x40000001
+refuse| send 'check user password' failed, error code: 0x40000001
 do recorded
 
 # caller: the check is not sent
@@ -146,7 +152,7 @@ do users
 do asked
 > 30 91  CHECK ADMIN SESAME  < unsent
 secret "Sesame-1"
-| send 'check user password' failed, error code: 0x40000000
+refuse| send 'check user password' failed, error code: 0x40000000
 do recorded
 
 # caller: five answers to others
@@ -155,7 +161,7 @@ do users
 do asked
 > 30 91  CHECK ADMIN SESAME  < sequence
 secret "Sesame-1"
-| send 'check user password' failed, error code: 0x40000002
+refuse| send 'check user password' failed, error code: 0x40000002
 do recorded
 
 # caller: an answer of a wrong length
@@ -165,7 +171,7 @@ do asked
 > 30 91  CHECK ADMIN SESAME  < length 0
 secret "Sesame-1"
 |"rsp->data_len err(0x0) \r\n"
-| send 'check user password' failed, error code: 0x40000001
+refuse| send 'check user password' failed, error code: 0x40000001
 do recorded
 
 # caller: the check is refused for another reason than the password
@@ -174,7 +180,7 @@ do users
 do asked
 > 30 91  CHECK ADMIN SESAME  < C1
 secret "Sesame-1"
-| Check user password failed, error code: 0x309100C1
+refuse| Check user password failed, error code: 0x309100C1
 do recorded
 
 # caller: 0x84 and 0x85 mean nothing here
@@ -183,7 +189,7 @@ do users
 do asked
 > 30 91  CHECK ADMIN SESAME  < 85
 secret "Sesame-1"
-| Check user password failed, error code: 0x30910085
+refuse| Check user password failed, error code: 0x30910085
 do recorded
 
 # caller: the check waits for its answer once each time it is sent
@@ -197,11 +203,13 @@ do wrong
 $ cfgtool -d deluser -v bob
 > 06 46  02  < silent
 |"Select OutTime \r\n"
+refuse 40000001|""
 do recorded
 
 # users: a name that cannot be asked for ends the command without a word
 $ cfgtool -d deluser -v bob
 > 06 46  02  < unsent
+refuse 40000000|""
 do recorded
 
 # users: a name that is refused ends the command without a word
@@ -209,6 +217,7 @@ $ cfgtool -d deluser -v bob
 > 06 46  02     < 00 ADMIN
 > 06 44  01 02  < 00 11 02 00 34
 > 06 46  03     < CC
+refuse 064600CC|""
 do recorded
 
 # users: an access that is not answered ends the command
@@ -216,18 +225,21 @@ $ cfgtool -d deluser -v bob
 > 06 46  02     < 00 ADMIN
 > 06 44  01 02  < silent
 |"Select OutTime \r\n"
+refuse 40000001|""
 do recorded
 
 # users: an access that cannot be asked for ends the command
 $ cfgtool -d deluser -v bob
 > 06 46  02     < 00 ADMIN
 > 06 44  01 02  < unsent
+refuse 40000000|""
 do recorded
 
 # users: an access that is refused ends the command
 $ cfgtool -d deluser -v bob
 > 06 46  02     < 00 ADMIN
 > 06 44  01 02  < C9
+refuse 064400C9|""
 do recorded
 
 # users: the last access is needed like the first
@@ -235,6 +247,7 @@ $ cfgtool -d deluser -v bob
 do nobody for 2..16
 > 06 46  11     < 00 NOBODY
 > 06 44  01 11  < C9
+refuse 064400C9|""
 do recorded
 
 # users: a short answer is a short name, and no access

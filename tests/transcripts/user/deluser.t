@@ -20,7 +20,7 @@ do nobody for 4..16
 
 steps proven
 do users
-|"Input your password:"
+hidden|"Input your password:"
 hidden "Sesame-1\r"
 |"\n"
 > 30 91  CHECK ADMIN SESAME  < 00
@@ -31,7 +31,7 @@ $ cfgtool -d deluser -v bob
 do proven
 do users
 > 06 45  03 NOBODY  < 00
-| Delete user successfully.
+done| Delete user successfully.
 log 1 User "Delete user(bob|user3) success,EvtCode:0x111005A0"
 
 # deluser: nobody is kept from deleting himself
@@ -39,7 +39,7 @@ $ cfgtool -d deluser -v admin
 do proven
 do users
 > 06 45  02 NOBODY  < 00
-| Delete user successfully.
+done| Delete user successfully.
 log 1 User "Delete user(admin|user2) success,EvtCode:0x111005A0"
 
 # deluser: a name of 16 characters, and the last user there can be
@@ -47,7 +47,7 @@ $ cfgtool -d deluser -v sixteen-letters!
 do proven
 do users
 > 06 45  11 NOBODY  < 00
-| Delete user successfully.
+done| Delete user successfully.
 log 1 User "Delete user(sixteen-letters!|user17) success,EvtCode:0x111005A0"
 
 # deluser: who has the name is read again behind the password
@@ -57,7 +57,7 @@ do nobody for 2..16
 > 06 46  11     < 00 BOB
 > 06 44  01 11  < 00 11 03 00 32
 > 06 45  11 NOBODY  < 00
-| Delete user successfully.
+done| Delete user successfully.
 log 1 User "Delete user(bob|user17) success,EvtCode:0x111005A0"
 
 # deluser: of two users of one name, the first goes
@@ -70,7 +70,7 @@ do nobody for 2..3
 > 06 44  01 05  < 00 11 03 00 32
 do nobody for 6..17
 > 06 45  04 NOBODY  < 00
-| Delete user successfully.
+done| Delete user successfully.
 log 1 User "Delete user(bob|user4) success,EvtCode:0x111005A0"
 
 # deluser: user 3 with the right to it
@@ -80,14 +80,14 @@ env SSH_CONNECTION=192.0.2.7 40000 192.0.2.1 22
 $ cfgtool -d deluser -v admin
 > 06 44  01 03  < 00 11 03 00 04
 do users
-|"Input your password:"
+hidden|"Input your password:"
 hidden "Sesame-1\r"
 |"\n"
 > 30 91  CHECK BOB SESAME  < 00
 secret "Sesame-1"
 do users
 > 06 45  02 NOBODY  < 00
-| Delete user successfully.
+done| Delete user successfully.
 log 1 User "Delete user(admin|user2) success,EvtCode:0x111005A0" by "bob" from "192.0.2.7"
 
 # deluser: a record that is not written changes nothing
@@ -96,7 +96,7 @@ result vos_zentro_log -1
 do proven
 do users
 > 06 45  03 NOBODY  < 00
-| Delete user successfully.
+done| Delete user successfully.
 log 1 User "Delete user(bob|user3) success,EvtCode:0x111005A0"
 
 # deluser: an operator may not, whatever is typed, and a record is left
@@ -104,7 +104,7 @@ uid 503
 $ cfgtool -d deluser -v bob
 $ cfgtool -d deluser
 > 06 44  01 03  < 00 11 03 00 03
-| Insufficient privilege level
+refuse| Insufficient privilege level
 log 1 User "Delete user fail,EvtCode:0x111005A1"
 
 # deluser: nor may one whose privilege is not answered
@@ -112,14 +112,14 @@ uid 503
 $ cfgtool -d deluser -v bob
 > 06 44  01 03  < silent
 |"Select OutTime \r\n"
-| send 'Get User Access Command' failed!
+refuse 40000001| send 'Get User Access Command' failed!
 log 1 User "Delete user fail,EvtCode:0x111005A1"
 
 # deluser: nor one whose privilege is refused
 uid 503
 $ cfgtool -d deluser -v bob
 > 06 44  01 03  < CC
-| Get User Access Command failed!
+refuse 064400CC| Get User Access Command failed!
 log 1 User "Delete user fail,EvtCode:0x111005A1"
 
 # deluser: a name, no more and no less
@@ -130,29 +130,29 @@ $ cfgtool -d deluser -v bob carol
 $ cfgtool -d deluser -x bob
 $ cfgtool -d deluser bob -v
 $ cfgtool -d deluser -vv bob
-| cfgtool -d deluser -v <username>
+usage| cfgtool -d deluser -v <username>
 log 1 User "Delete user fail,EvtCode:0x111005A1"
 
 # deluser: a wrong password
 $ cfgtool -d deluser -v bob
 do users
-|"Input your password:"
+hidden|"Input your password:"
 hidden "Sesame-1\r"
 |"\n"
 > 30 91  CHECK ADMIN SESAME  < 82
 secret "Sesame-1"
-| Incorrect password.
+refuse 30910082| Incorrect password.
 log 1 User "Delete user fail,EvtCode:0x111005A1"
 
 # deluser: a wrong password in an answer whose length ends before the completion code deletes nobody
 $ cfgtool -d deluser -v bob
 do users
-|"Input your password:"
+hidden|"Input your password:"
 hidden "Sesame-1\r"
 |"\n"
 > 30 91  CHECK ADMIN SESAME  < 82 length 6
 secret "Sesame-1"
-| Incorrect password.
+refuse 30910082| Incorrect password.
 log 1 User "Delete user fail,EvtCode:0x111005A1"
 
 # deluser: the users cannot be read again: not answered
@@ -160,6 +160,7 @@ $ cfgtool -d deluser -v bob
 do proven
 > 06 46  02  < silent
 |"Select OutTime \r\n"
+refuse 40000001|""
 log 1 User "Delete user fail,EvtCode:0x111005A1"
 
 # deluser: the users cannot be read again: refused
@@ -167,6 +168,7 @@ $ cfgtool -d deluser -v bob
 do proven
 > 06 46  02     < 00 ADMIN
 > 06 44  01 02  < CC
+refuse 064400CC|""
 log 1 User "Delete user fail,EvtCode:0x111005A1"
 
 # deluser: names are compared whole and to the letter; an empty one is nobody's
@@ -180,7 +182,7 @@ $ cfgtool -d deluser -v sixteen-letters!!
 $ cfgtool -d deluser -v ''
 do proven
 do users
-| Delete user failed.
+fail| Delete user failed.
 log 1 User "Delete user(user18) fail,EvtCode:0x111005A1"
 
 # deluser: not answered; the answer is waited for once each time it is sent
@@ -189,7 +191,7 @@ do proven
 do users
 > 06 45  03 NOBODY  < silent
 |"Select OutTime \r\n"
-| Set user name failed, error code: 0x40000001
+fail| Set user name failed, error code: 0x40000001
 log 1 User "Delete user(bob|user3) fail,EvtCode:0x111005A1"
 
 # deluser: not sent
@@ -197,7 +199,7 @@ $ cfgtool -d deluser -v bob
 do proven
 do users
 > 06 45  03 NOBODY  < unsent
-| Set user name failed, error code: 0x40000000
+fail| Set user name failed, error code: 0x40000000
 log 1 User "Delete user(bob|user3) fail,EvtCode:0x111005A1"
 
 # deluser: the user of an SNMP trap version 3 stays
@@ -205,7 +207,7 @@ $ cfgtool -d deluser -v bob
 do proven
 do users
 > 06 45  03 NOBODY  < D7
-| bob is trap V3 user ,cannot delete
+fail 064500D7| bob is trap V3 user ,cannot delete
 log 1 User "Delete user(bob|user3) fail,EvtCode:0x111005A1"
 
 # deluser: refused for another reason
@@ -213,5 +215,5 @@ $ cfgtool -d deluser -v bob
 do proven
 do users
 > 06 45  03 NOBODY  < CC
-| Delete user failed, error code: 0x64500CC
+fail| Delete user failed, error code: 0x64500CC
 log 1 User "Delete user(bob|user3) fail,EvtCode:0x111005A1"

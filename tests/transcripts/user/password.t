@@ -18,7 +18,7 @@ do nobody for 4..17
 
 steps proven by admin
 do users
-|"Input your password:"
+hidden|"Input your password:"
 hidden "Sesame-1\r"
 |"\n"
 > 30 91  CHECK ADMIN SESAME  < 00
@@ -27,7 +27,7 @@ do users
 
 steps proven by bob
 do users
-|"Input your password:"
+hidden|"Input your password:"
 hidden "Sesame-1\r"
 |"\n"
 > 30 91  CHECK BOB SESAME  < 00
@@ -36,34 +36,36 @@ do users
 
 steps proven by an empty password
 do users
-|"Input your password:"
+hidden|"Input your password:"
 hidden "\r"
 |"\n"
 > 30 91  CHECK ADMIN 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00  < 00
 do users
 
 steps typed twice
-|"New password:"
+hidden|"New password:"
 hidden "Foxglove 2\r"
-|"\nConfirm password:"
+|"\n"
+hidden|"Confirm password:"
 hidden "Foxglove 2\r"
 |"\n"
 
 steps repetition typed twice
-|"New password:"
+hidden|"New password:"
 hidden "ropes-ropes-\r"
-|"\nConfirm password:"
+|"\n"
+hidden|"Confirm password:"
 hidden "ropes-ropes-\r"
 |"\n"
 
 steps warned
 | WARNING: Using a password consisting of only repeated string may have many adverse effects,such as aa, ababab, and abcdabcd.
-|"Do you want to continue?[Y/N]:"
+confirm|"Do you want to continue?[Y/N]:"
 
 steps repetition set
 > 06 47  82 02  72 6F 70 65 73 2D 72 6F 70 65 73 2D 00 00 00 00 00 00 00 00  < 00
 secret "ropes-ropes-"
-|"\nSet user password successfully.\r\n"
+done|"\nSet user password successfully.\r\n"
 log 1 User "Modify user(admin|user2) password success,EvtCode:0x11100580"
 
 steps repetition abandoned
@@ -89,7 +91,7 @@ do proven by admin
 do typed twice
 > 06 47  82 02 FOXGLOVE  < 00
 secret "Foxglove 2"
-|"\nSet user password successfully.\r\n"
+done|"\nSet user password successfully.\r\n"
 log 1 User "Modify user(admin|user2) password success,EvtCode:0x11100580"
 
 # password: root sets another's without being asked for a privilege
@@ -98,7 +100,7 @@ do proven by admin
 do typed twice
 > 06 47  83 02 FOXGLOVE  < 00
 secret "Foxglove 2"
-|"\nSet user password successfully.\r\n"
+done|"\nSet user password successfully.\r\n"
 log 1 User "Modify user(bob|user3) password success,EvtCode:0x11100580"
 
 # password: one's own needs no privilege, and none is asked for
@@ -108,7 +110,7 @@ do proven by bob
 do typed twice
 > 06 47  83 02 FOXGLOVE  < 00
 secret "Foxglove 2"
-|"\nSet user password successfully.\r\n"
+done|"\nSet user password successfully.\r\n"
 log 1 User "Modify user(bob|user3) password success,EvtCode:0x11100580"
 
 # password: another's needs the privilege, asked for behind the own password
@@ -119,7 +121,7 @@ do proven by bob
 do typed twice
 > 06 47  82 02 FOXGLOVE  < 00
 secret "Foxglove 2"
-|"\nSet user password successfully.\r\n"
+done|"\nSet user password successfully.\r\n"
 log 1 User "Modify user(admin|user2) password success,EvtCode:0x11100580"
 
 # password: an operator may not set another's
@@ -127,7 +129,7 @@ uid 503
 $ cfgtool -d password -v admin
 do proven by bob
 > 06 44  01 03  < 00 11 02 00 33
-| Insufficient privilege level
+refuse| Insufficient privilege level
 do admin failed
 
 # password: nor may one whose privilege is not answered
@@ -136,7 +138,7 @@ $ cfgtool -d password -v admin
 do proven by bob
 > 06 44  01 03  < silent
 |"Select OutTime \r\n"
-| send 'Get User Access Command' failed!
+refuse 40000001| send 'Get User Access Command' failed!
 do admin failed
 
 # password: nor one whose privilege is refused
@@ -144,21 +146,21 @@ uid 503
 $ cfgtool -d password -v admin
 do proven by bob
 > 06 44  01 03  < CC
-| Get User Access Command failed!
+refuse 064400CC| Get User Access Command failed!
 do admin failed
 
 # password: user 1 has no name of his own, so every user is another
 uid 501
 $ cfgtool -d password -v bob
 do users
-|"Input your password:"
+hidden|"Input your password:"
 hidden "Sesame-1\r"
 |"\n"
 > 30 91  CHECK NOBODY SESAME  < 00
 secret "Sesame-1"
 do users
 > 06 44  01 01  < 00 11 02 00 0F
-| Insufficient privilege level
+refuse| Insufficient privilege level
 log 1 User "Modify user(bob|user3) password fail,EvtCode:0x11100581"
 
 # password: a name that nobody has is refused in the words of the privilege; names are compared whole and to the letter
@@ -169,7 +171,7 @@ $ cfgtool -d password -v Admin
 $ cfgtool -d password -v 'admin '
 $ cfgtool -d password -v ''
 do proven by admin
-| Insufficient privilege level
+refuse| Insufficient privilege level
 log 1 User "Modify user(user18) password fail,EvtCode:0x11100581"
 
 # password: a name, no more and no less; nobody is asked for a privilege first
@@ -180,155 +182,163 @@ $ cfgtool -d password bob
 $ cfgtool -d password -v bob carol
 $ cfgtool -d password -x bob
 $ cfgtool -d password bob -v
-| cfgtool -d password -v <username>
+usage| cfgtool -d password -v <username>
 log 1 User "Modify user password fail,EvtCode:0x11100581"
 
 # password: a wrong own password
 $ cfgtool -d password -v admin
 do users
-|"Input your password:"
+hidden|"Input your password:"
 hidden "Sesame-1\r"
 |"\n"
 > 30 91  CHECK ADMIN SESAME  < 82
 secret "Sesame-1"
-| Incorrect password.
+refuse 30910082| Incorrect password.
 log 1 User "Modify user password fail,EvtCode:0x11100581"
 
 # password: no own password typed
 $ cfgtool -d password -v admin
 do users
-|"Input your password:"
-| Input your password error.
+hidden|"Input your password:"
+refuse| Input your password error.
 log 1 User "Modify user password fail,EvtCode:0x11100581"
 
 # password: the users cannot be read: no question and no word
 $ cfgtool -d password -v admin
 > 06 46  02  < CC
+refuse 064600CC|""
 log 1 User "Modify user password fail,EvtCode:0x11100581"
 
 # password: account 500 is no user
 uid 500
 $ cfgtool -d password -v admin
 do users
+refuse|""
 log 1 User "Modify user password fail,EvtCode:0x11100581"
 
 # password: the users cannot be read again: not answered
 $ cfgtool -d password -v admin
 do users
-|"Input your password:"
+hidden|"Input your password:"
 hidden "Sesame-1\r"
 |"\n"
 > 30 91  CHECK ADMIN SESAME  < 00
 secret "Sesame-1"
 > 06 46  02  < silent
 |"Select OutTime \r\n"
-| Set user password failed, error code: 0x40000001
+fail| Set user password failed, error code: 0x40000001
 log 1 User "Modify user password fail,EvtCode:0x11100581"
 
 # password: the users cannot be read again: a name is refused
 $ cfgtool -d password -v admin
 do users
-|"Input your password:"
+hidden|"Input your password:"
 hidden "Sesame-1\r"
 |"\n"
 > 30 91  CHECK ADMIN SESAME  < 00
 secret "Sesame-1"
 > 06 46  02  < CC
-| Set user password failed, error code: 0x64600CC
+fail| Set user password failed, error code: 0x64600CC
 log 1 User "Modify user password fail,EvtCode:0x11100581"
 
 # password: the users cannot be read again: an access is refused
 $ cfgtool -d password -v admin
 do users
-|"Input your password:"
+hidden|"Input your password:"
 hidden "Sesame-1\r"
 |"\n"
 > 30 91  CHECK ADMIN SESAME  < 00
 secret "Sesame-1"
 > 06 46  02     < 00 ADMIN
 > 06 44  01 02  < D4
-| Set user password failed, error code: 0x64400D4
+fail| Set user password failed, error code: 0x64400D4
 log 1 User "Modify user password fail,EvtCode:0x11100581"
 
 # password: the terminal fails at the new one
 $ cfgtool -d password -v admin
 result tcgetattr 0 0 -1 -1
 do proven by an empty password
-|"New password:"
-| Input new password error.
+hidden|"New password:"
+refuse| Input new password error.
 do admin failed
 
 # password: the terminal fails at its confirmation, and the new one is forgotten
 $ cfgtool -d password -v admin
 result tcgetattr 0 0 0 0 0 0 0 0 0 0 0 0 0 0 -1 -1
 do proven by an empty password
-|"New password:"
+hidden|"New password:"
 hidden "Foxglove 2\r"
-|"\nConfirm password:"
+|"\n"
+hidden|"Confirm password:"
 secret "Foxglove 2"
-| Confirm password error.
+refuse| Confirm password error.
 do admin failed
 
 # password: the confirmation is another word, and both are forgotten
 $ cfgtool -d password -v admin
 do proven by admin
-|"New password:"
+hidden|"New password:"
 hidden "Foxglove 2\r"
-|"\nConfirm password:"
+|"\n"
+hidden|"Confirm password:"
 hidden "Bluebell 3\r"
 |"\n"
 secret "Foxglove 2"
 secret "Bluebell 3"
-| Confirm password error.
+refuse| Confirm password error.
 do admin failed
 
 # password: the confirmation goes on behind the new one
 $ cfgtool -d password -v admin
 do proven by admin
-|"New password:"
+hidden|"New password:"
 hidden "Foxglove 2\r"
-|"\nConfirm password:"
+|"\n"
+hidden|"Confirm password:"
 hidden "Foxglove 2!\r"
 |"\n"
 secret "Foxglove 2"
-| Confirm password error.
+refuse| Confirm password error.
 do admin failed
 
 # password: the confirmation differs in the case of a letter
 $ cfgtool -d password -v admin
 do proven by admin
-|"New password:"
+hidden|"New password:"
 hidden "Foxglove 2\r"
-|"\nConfirm password:"
+|"\n"
+hidden|"Confirm password:"
 hidden "FoxGlove 2\r"
 |"\n"
 secret "Foxglove 2"
-| Confirm password error.
+refuse| Confirm password error.
 do admin failed
 
 # password: an empty one is no failed input, and no repetition
 $ cfgtool -d password -v admin
 do proven by admin
-|"New password:"
+hidden|"New password:"
 hidden "\r"
-|"\nConfirm password:"
+|"\n"
+hidden|"Confirm password:"
 hidden "\r"
 |"\n"
 > 06 47  82 02  00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00  < 00
-|"\nSet user password successfully.\r\n"
+done|"\nSet user password successfully.\r\n"
 log 1 User "Modify user(admin|user2) password success,EvtCode:0x11100580"
 
 # password: twenty characters fill the field
 $ cfgtool -d password -v admin
 do proven by admin
-|"New password:"
+hidden|"New password:"
 hidden "Foxglove 2 in a vase\r"
-|"\nConfirm password:"
+|"\n"
+hidden|"Confirm password:"
 hidden "Foxglove 2 in a vase\r"
 |"\n"
 > 06 47  82 02  46 6F 78 67 6C 6F 76 65 20 32 20 69 6E 20 61 20 76 61 73 65  < 00
 secret "Foxglove 2 in a vase"
-|"\nSet user password successfully.\r\n"
+done|"\nSet user password successfully.\r\n"
 log 1 User "Modify user(admin|user2) password success,EvtCode:0x11100580"
 
 # password: a repeated string is warned of, and set after y
@@ -353,6 +363,7 @@ do proven by admin
 do repetition typed twice
 do warned
 keys "n\n"
+refuse|""
 do repetition abandoned
 
 # password: a repeated string is abandoned by N without a word
@@ -361,6 +372,7 @@ do proven by admin
 do repetition typed twice
 do warned
 keys "N\n"
+refuse|""
 do repetition abandoned
 
 # password: a repeated string is abandoned by another answer
@@ -369,7 +381,7 @@ do proven by admin
 do repetition typed twice
 do warned
 keys "1\n"
-| Input character invalid.
+refuse| Input character invalid.
 do repetition abandoned
 
 # password: a repeated string is abandoned by an empty line
@@ -378,7 +390,7 @@ do proven by admin
 do repetition typed twice
 do warned
 keys "\n"
-| Input character invalid.
+refuse| Input character invalid.
 do repetition abandoned
 
 # password: a repeated string is abandoned by the end of the input
@@ -387,54 +399,60 @@ do proven by admin
 do repetition typed twice
 do warned
 keys "\x04"
-| Input character invalid.
+refuse| Input character invalid.
 do repetition abandoned
 
 # password: zzzzzzzz is a repeated string
 $ cfgtool -d password -v admin
 do proven by admin
-|"New password:"
+hidden|"New password:"
 hidden "zzzzzzzz\r"
-|"\nConfirm password:"
+|"\n"
+hidden|"Confirm password:"
 hidden "zzzzzzzz\r"
 |"\n"
 do warned
 keys "n\n"
+refuse|""
 do admin failed
 
 # password: abab is a repeated string
 $ cfgtool -d password -v admin
 do proven by admin
-|"New password:"
+hidden|"New password:"
 hidden "abab\r"
-|"\nConfirm password:"
+|"\n"
+hidden|"Confirm password:"
 hidden "abab\r"
 |"\n"
 do warned
 keys "n\n"
+refuse|""
 do admin failed
 
 # password: abcab is none
 $ cfgtool -d password -v admin
 do proven by admin
-|"New password:"
+hidden|"New password:"
 hidden "abcab\r"
-|"\nConfirm password:"
+|"\n"
+hidden|"Confirm password:"
 hidden "abcab\r"
 |"\n"
 > 06 47  82 02  61 62 63 61 62 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00  < 00
-|"\nSet user password successfully.\r\n"
+done|"\nSet user password successfully.\r\n"
 log 1 User "Modify user(admin|user2) password success,EvtCode:0x11100580"
 
 # password: a confirmation that differs is told before a repetition is looked for
 $ cfgtool -d password -v admin
 do proven by admin
-|"New password:"
+hidden|"New password:"
 hidden "abab\r"
-|"\nConfirm password:"
+|"\n"
+hidden|"Confirm password:"
 hidden "abba\r"
 |"\n"
-| Confirm password error.
+refuse| Confirm password error.
 do admin failed
 
 # password: not answered; the answer is waited for once each time it is sent
@@ -444,7 +462,7 @@ do typed twice
 > 06 47  82 02 FOXGLOVE  < silent
 secret "Foxglove 2"
 |"Select OutTime \r\n"
-| Set user password failed, error code: 0x40000001
+fail| Set user password failed, error code: 0x40000001
 do admin failed
 
 # password: not sent
@@ -453,7 +471,7 @@ do proven by admin
 do typed twice
 > 06 47  82 02 FOXGLOVE  < unsent
 secret "Foxglove 2"
-| Set user password failed, error code: 0x40000000
+fail| Set user password failed, error code: 0x40000000
 do admin failed
 
 # password: against the controller's rules, which are told
@@ -462,7 +480,7 @@ do proven by admin
 do typed twice
 > 06 47  82 02 FOXGLOVE  < 84
 secret "Foxglove 2"
-| Set user password failed, error code: 0x6470084
+fail| Set user password failed, error code: 0x6470084
 do rules
 do admin failed
 
@@ -472,5 +490,5 @@ do proven by admin
 do typed twice
 > 06 47  82 02 FOXGLOVE  < 80
 secret "Foxglove 2"
-| Set user password failed, error code: 0x6470080
+fail| Set user password failed, error code: 0x6470080
 do admin failed

@@ -1,6 +1,6 @@
 steps warned
 | WARNING: Disabling the complexity checking function may reduce the system security.
-|"Do you want to continue?[Y/N]:"
+confirm|"Do you want to continue?[Y/N]:"
 
 steps confirmed
 do warned
@@ -15,7 +15,7 @@ log 1 User "Disable local user password complexity check fail, EvtCode:0x11100BD
 # passwordcomplexity: enable asks nothing
 $ cfgtool -d passwordcomplexity -v enable
 > 30 93  D9 7E 00 22 01  < 00
-| Set password complexity check state successfully
+done| Set password complexity check state successfully
 log 1 User "enable local user password complexity check success, EvtCode:0x11100BD0"
 
 # passwordcomplexity: disable asks, and goes on after y
@@ -23,7 +23,7 @@ $ cfgtool -d passwordcomplexity -v disable
 do warned
 keys "y\n"
 > 30 93  D9 7E 00 22 00  < 00
-| Set password complexity check state successfully
+done| Set password complexity check state successfully
 log 1 User "disable local user password complexity check success, EvtCode:0x11100BD0"
 
 # passwordcomplexity: disable goes on after Y
@@ -31,39 +31,41 @@ $ cfgtool -d passwordcomplexity -v disable
 do warned
 keys "Y\n"
 > 30 93  D9 7E 00 22 00  < 00
-| Set password complexity check state successfully
+done| Set password complexity check state successfully
 log 1 User "disable local user password complexity check success, EvtCode:0x11100BD0"
 
 # passwordcomplexity: n says nothing and leaves a record
 $ cfgtool -d passwordcomplexity -v disable
 do warned
 keys "n\n"
+refuse|""
 do disabling failed
 
 # passwordcomplexity: N says nothing and leaves a record
 $ cfgtool -d passwordcomplexity -v disable
 do warned
 keys "N\n"
+refuse|""
 do disabling failed
 
 # passwordcomplexity: another answer
 $ cfgtool -d passwordcomplexity -v disable
 do warned
 keys "1\n"
-| Input character invalid.
+refuse| Input character invalid.
 do disabling failed
 
 # passwordcomplexity: an empty line
 $ cfgtool -d passwordcomplexity -v disable
 do warned
 keys "\n"
-| Input character invalid.
+refuse| Input character invalid.
 do disabling failed
 
 # passwordcomplexity: the end of the input
 $ cfgtool -d passwordcomplexity -v disable
 do warned
-| Input character invalid.
+refuse| Input character invalid.
 do disabling failed
 
 # passwordcomplexity: the word in small letters and whole, and nothing behind it
@@ -79,7 +81,7 @@ $ cfgtool -d passwordcomplexity -v enabled
 $ cfgtool -d passwordcomplexity -v dis
 $ cfgtool -d passwordcomplexity -v ''
 $ cfgtool -d passwordcomplexity -v 1
-| Usage: cfgtool -d passwordcomplexity -v <enable/disable>
+usage| Usage: cfgtool -d passwordcomplexity -v <enable/disable>
 log 1 User "Enable/Disable local user password complexity check fail, EvtCode:0x11100BD1"
 
 # passwordcomplexity: an operator may not, whatever is typed, and a record is left
@@ -88,7 +90,7 @@ $ cfgtool -d passwordcomplexity -v disable
 $ cfgtool -d passwordcomplexity -v enable
 $ cfgtool -d passwordcomplexity
 > 06 44  01 03  < 00 11 02 00 33
-| Insufficient privilege level
+refuse| Insufficient privilege level
 log 1 User "Enable/Disable local user password complexity check fail, EvtCode:0x11100BD1"
 
 # passwordcomplexity: nor may one whose privilege is not answered
@@ -96,14 +98,14 @@ uid 503
 $ cfgtool -d passwordcomplexity -v enable
 > 06 44  01 03  < silent
 |"Select OutTime \r\n"
-| send 'Get User Access Command' failed!
+refuse 40000001| send 'Get User Access Command' failed!
 log 1 User "Enable/Disable local user password complexity check fail, EvtCode:0x11100BD1"
 
 # passwordcomplexity: nor one whose privilege is refused
 uid 503
 $ cfgtool -d passwordcomplexity -v enable
 > 06 44  01 03  < CC
-| Get User Access Command failed!
+refuse 064400CC| Get User Access Command failed!
 log 1 User "Enable/Disable local user password complexity check fail, EvtCode:0x11100BD1"
 
 # passwordcomplexity: an administrator may
@@ -111,26 +113,26 @@ uid 503
 $ cfgtool -d passwordcomplexity -v enable
 > 06 44  01 03  < 00 11 02 00 34
 > 30 93  D9 7E 00 22 01  < 00
-| Set password complexity check state successfully
+done| Set password complexity check state successfully
 log 1 User "enable local user password complexity check success, EvtCode:0x11100BD0"
 
 # passwordcomplexity: enable is not answered
 $ cfgtool -d passwordcomplexity -v enable
 > 30 93  D9 7E 00 22 01  < silent
 |"Select OutTime \r\n"
-| Set password complexity check state failed, error code: 0x40000001
+fail| Set password complexity check state failed, error code: 0x40000001
 do enabling failed
 
 # passwordcomplexity: enable is not sent
 $ cfgtool -d passwordcomplexity -v enable
 > 30 93  D9 7E 00 22 01  < unsent
-| Set password complexity check state failed, error code: 0x40000000
+fail| Set password complexity check state failed, error code: 0x40000000
 do enabling failed
 
 # passwordcomplexity: enable is refused; the code holds the second byte of the OEM identifier
 $ cfgtool -d passwordcomplexity -v enable
 > 30 93  D9 7E 00 22 01  < C1
-| Set password complexity check state failed, error code: 0x30937EC1
+fail| Set password complexity check state failed, error code: 0x30937EC1
 do enabling failed
 
 # passwordcomplexity: disable is not answered
@@ -138,19 +140,19 @@ $ cfgtool -d passwordcomplexity -v disable
 do confirmed
 > 30 93  D9 7E 00 22 00  < silent
 |"Select OutTime \r\n"
-| Set password complexity check state failed, error code: 0x40000001
+fail| Set password complexity check state failed, error code: 0x40000001
 do disabling failed
 
 # passwordcomplexity: disable is not sent
 $ cfgtool -d passwordcomplexity -v disable
 do confirmed
 > 30 93  D9 7E 00 22 00  < unsent
-| Set password complexity check state failed, error code: 0x40000000
+fail| Set password complexity check state failed, error code: 0x40000000
 do disabling failed
 
 # passwordcomplexity: disable is refused
 $ cfgtool -d passwordcomplexity -v disable
 do confirmed
 > 30 93  D9 7E 00 22 00  < D5
-| Set password complexity check state failed, error code: 0x30937ED5
+fail| Set password complexity check state failed, error code: 0x30937ED5
 do disabling failed

@@ -20,7 +20,7 @@ do nobody for 4..16
 
 steps password proven
 do users
-|"Input your password:"
+hidden|"Input your password:"
 hidden "Sesame-1\r"
 |"\n"
 > 30 91  CHECK ADMIN SESAME  < 00
@@ -31,12 +31,12 @@ do password proven
 do users
 
 steps usage
-| cfgtool -d privilege -v <username> <privilege>
-| Privileges are:
-|     15       No Access
-|     2        User
-|     3        Operator
-|     4        Administrator
+usage| cfgtool -d privilege -v <username> <privilege>
+usage| Privileges are:
+usage|     15       No Access
+usage|     2        User
+usage|     3        Operator
+usage|     4        Administrator
 
 # privilege: the user is enabled, then given user
 $ cfgtool -d privilege -v bob 2
@@ -44,7 +44,7 @@ $ cfgtool -d privilege -v bob 0x2
 do proven
 > 06 47  03 01 NOBODY  < 00
 > 06 43  01 03 02      < 00
-| Set user privilege successfully.
+done| Set user privilege successfully.
 log 1 User "Modify user(bob|user3) privilege(user) success,EvtCode:0x11100590"
 
 # privilege: operator
@@ -53,7 +53,7 @@ $ cfgtool -d privilege -v bob 03
 do proven
 > 06 47  03 01 NOBODY  < 00
 > 06 43  01 03 03      < 00
-| Set user privilege successfully.
+done| Set user privilege successfully.
 log 1 User "Modify user(bob|user3) privilege(operator) success,EvtCode:0x11100590"
 
 # privilege: administrator, in every form of the number
@@ -64,7 +64,7 @@ $ cfgtool -d privilege -v bob ' +4'
 do proven
 > 06 47  03 01 NOBODY  < 00
 > 06 43  01 03 04      < 00
-| Set user privilege successfully.
+done| Set user privilege successfully.
 log 1 User "Modify user(bob|user3) privilege(administrator) success,EvtCode:0x11100590"
 
 # privilege: no access, which enables the user all the same
@@ -73,7 +73,7 @@ $ cfgtool -d privilege -v bob 0xf
 do proven
 > 06 47  03 01 NOBODY  < 00
 > 06 43  01 03 0F      < 00
-| Set user privilege successfully.
+done| Set user privilege successfully.
 log 1 User "Modify user(bob|user3) privilege(no access) success,EvtCode:0x11100590"
 
 # privilege: the last user, with a name of sixteen characters
@@ -81,7 +81,7 @@ $ cfgtool -d privilege -v sixteen-letters! 3
 do proven
 > 06 47  11 01 NOBODY  < 00
 > 06 43  01 11 03      < 00
-| Set user privilege successfully.
+done| Set user privilege successfully.
 log 1 User "Modify user(sixteen-letters!|user17) privilege(operator) success,EvtCode:0x11100590"
 
 # privilege: user 3 with the right to it
@@ -90,7 +90,7 @@ env LOGNAME=bob
 $ cfgtool -d privilege -v admin 4
 > 06 44  01 03  < 00 11 03 00 34
 do users
-|"Input your password:"
+hidden|"Input your password:"
 hidden "Sesame-1\r"
 |"\n"
 > 30 91  CHECK BOB SESAME  < 00
@@ -98,7 +98,7 @@ secret "Sesame-1"
 do users
 > 06 47  02 01 NOBODY  < 00
 > 06 43  01 02 04      < 00
-| Set user privilege successfully.
+done| Set user privilege successfully.
 log 1 User "Modify user(admin|user2) privilege(administrator) success,EvtCode:0x11100590"
 
 # privilege: a name and a number, no more and no less; nobody is asked for a privilege first
@@ -116,7 +116,7 @@ log 1 User "Modify user privilege fail,EvtCode:0x11100591"
 uid 503
 $ cfgtool -d privilege -v bob 4
 > 06 44  01 03  < 00 11 03 00 33
-| Insufficient privilege level
+refuse| Insufficient privilege level
 log 1 User "Modify user privilege(administrator) fail,EvtCode:0x11100591"
 
 # privilege: nor may one whose privilege is not answered
@@ -124,14 +124,14 @@ uid 503
 $ cfgtool -d privilege -v bob 4
 > 06 44  01 03  < silent
 |"Select OutTime \r\n"
-| send 'Get User Access Command' failed!
+refuse 40000001| send 'Get User Access Command' failed!
 log 1 User "Modify user privilege(administrator) fail,EvtCode:0x11100591"
 
 # privilege: nor one whose privilege is refused
 uid 503
 $ cfgtool -d privilege -v bob 4
 > 06 44  01 03  < CC
-| Get User Access Command failed!
+refuse 064400CC| Get User Access Command failed!
 log 1 User "Modify user privilege(administrator) fail,EvtCode:0x11100591"
 
 # privilege: an operator may not, and his number is not judged
@@ -139,36 +139,38 @@ uid 503
 $ cfgtool -d privilege -v bob many
 $ cfgtool -d privilege -v bob 5
 > 06 44  01 03  < 00 11 03 00 33
-| Insufficient privilege level
+refuse| Insufficient privilege level
 log 1 User "Modify user privilege(unknown) fail,EvtCode:0x11100591"
 
 # privilege: a wrong password
 $ cfgtool -d privilege -v bob 15
 do users
-|"Input your password:"
+hidden|"Input your password:"
 hidden "Sesame-1\r"
 |"\n"
 > 30 91  CHECK ADMIN SESAME  < 82
 secret "Sesame-1"
-| Incorrect password.
+refuse 30910082| Incorrect password.
 log 1 User "Modify user privilege(no access) fail,EvtCode:0x11100591"
 
 # privilege: no password typed
 $ cfgtool -d privilege -v bob 3
 do users
-|"Input your password:"
-| Input your password error.
+hidden|"Input your password:"
+refuse| Input your password error.
 log 1 User "Modify user privilege(operator) fail,EvtCode:0x11100591"
 
 # privilege: the users cannot be read: no question and no word
 $ cfgtool -d privilege -v bob 1
 > 06 46  02  < CC
+refuse 064600CC|""
 log 1 User "Modify user privilege(callback) fail,EvtCode:0x11100591"
 
 # privilege: account 500 behind root's rights is no user
 real 500
 $ cfgtool -d privilege -v bob 2
 do users
+refuse|""
 log 1 User "Modify user privilege(user) fail,EvtCode:0x11100591"
 
 # privilege: the users cannot be read again: not answered; the record has the privilege where the name would be
@@ -176,14 +178,14 @@ $ cfgtool -d privilege -v bob 4
 do password proven
 > 06 46  02  < silent
 |"Select OutTime \r\n"
-| Set user privilege failed, error code: 0x40000001
+fail| Set user privilege failed, error code: 0x40000001
 log 1 User "Modify user(administrator) privilege fail,EvtCode:0x11100591"
 
 # privilege: the users cannot be read again: a name is refused
 $ cfgtool -d privilege -v bob 15
 do password proven
 > 06 46  02  < CC
-| Set user privilege failed, error code: 0x64600CC
+fail| Set user privilege failed, error code: 0x64600CC
 log 1 User "Modify user(no access) privilege fail,EvtCode:0x11100591"
 
 # privilege: the users cannot be read again: an access is refused
@@ -191,7 +193,7 @@ $ cfgtool -d privilege -v bob 4
 do password proven
 > 06 46  02     < 00 ADMIN
 > 06 44  01 02  < C9
-| Set user privilege failed, error code: 0x64400C9
+fail| Set user privilege failed, error code: 0x64400C9
 log 1 User "Modify user(administrator) privilege fail,EvtCode:0x11100591"
 
 # privilege: names are compared whole and to the letter; an empty one is nobody's
@@ -201,13 +203,13 @@ $ cfgtool -d privilege -v bobby 4
 $ cfgtool -d privilege -v BOB 4
 $ cfgtool -d privilege -v '' 4
 do proven
-| Set user privilege failed.
+fail| Set user privilege failed.
 log 1 User "Modify user(user18) privilege(administrator) fail,EvtCode:0x11100591"
 
 # privilege: the name is looked for before the number is judged
 $ cfgtool -d privilege -v carol 1
 do proven
-| Set user privilege failed.
+fail| Set user privilege failed.
 log 1 User "Modify user(user18) privilege(callback) fail,EvtCode:0x11100591"
 
 # privilege: callback has a name and cannot be given
@@ -241,28 +243,28 @@ $ cfgtool -d privilege -v bob 4
 do proven
 > 06 47  03 01 NOBODY  < silent
 |"Select OutTime \r\n"
-| Set user privilege failed, error code: 0x40000001
+fail| Set user privilege failed, error code: 0x40000001
 log 1 User "Modify user(bob|user3) privilege(administrator) fail,EvtCode:0x11100591"
 
 # privilege: enabling is not sent
 $ cfgtool -d privilege -v bob 4
 do proven
 > 06 47  03 01 NOBODY  < unsent
-| Set user privilege failed, error code: 0x40000000
+fail| Set user privilege failed, error code: 0x40000000
 log 1 User "Modify user(bob|user3) privilege(administrator) fail,EvtCode:0x11100591"
 
 # privilege: enabling is refused
 $ cfgtool -d privilege -v bob 4
 do proven
 > 06 47  03 01 NOBODY  < CC
-| Set user privilege failed, error code: 0x64700CC
+fail| Set user privilege failed, error code: 0x64700CC
 log 1 User "Modify user(bob|user3) privilege(administrator) fail,EvtCode:0x11100591"
 
 # privilege: enabling is refused for the password: no rules are told here
 $ cfgtool -d privilege -v bob 4
 do proven
 > 06 47  03 01 NOBODY  < 84
-| Set user privilege failed, error code: 0x6470084
+fail| Set user privilege failed, error code: 0x6470084
 log 1 User "Modify user(bob|user3) privilege(administrator) fail,EvtCode:0x11100591"
 
 # privilege: the access is not answered
@@ -271,7 +273,7 @@ do proven
 > 06 47  03 01 NOBODY  < 00
 > 06 43  01 03 02      < silent
 |"Select OutTime \r\n"
-| Set user privilege failed, error code: 0x40000001
+fail| Set user privilege failed, error code: 0x40000001
 log 1 User "Modify user(bob|user3) privilege(user) fail,EvtCode:0x11100591"
 
 # privilege: the access is not sent
@@ -279,7 +281,7 @@ $ cfgtool -d privilege -v bob 2
 do proven
 > 06 47  03 01 NOBODY  < 00
 > 06 43  01 03 02      < unsent
-| Set user privilege failed, error code: 0x40000000
+fail| Set user privilege failed, error code: 0x40000000
 log 1 User "Modify user(bob|user3) privilege(user) fail,EvtCode:0x11100591"
 
 # privilege: the access is refused
@@ -287,5 +289,5 @@ $ cfgtool -d privilege -v bob 2
 do proven
 > 06 47  03 01 NOBODY  < 00
 > 06 43  01 03 02      < D5
-| Set user privilege failed, error code: 0x64300D5
+fail| Set user privilege failed, error code: 0x64300D5
 log 1 User "Modify user(bob|user3) privilege(user) fail,EvtCode:0x11100591"

@@ -22,7 +22,7 @@ do nobody for 4..16
 
 steps password proven
 do users
-|"Input your password:"
+hidden|"Input your password:"
 hidden "Sesame-1\r"
 |"\n"
 > 30 91  CHECK ADMIN SESAME  < 00
@@ -42,14 +42,14 @@ log 1 User "Set user(bob|user3) unlock status fail,EvtCode:0x11100CC1"
 $ cfgtool -t user -d unlock -v bob
 do proven
 > 30 91  UNLOCK BOB TWENTY  < 00
-| Set user:bob unlock status successfully.
+done| Set user:bob unlock status successfully.
 log 1 User "Set user(bob|user3) unlock status success,EvtCode:0x11100CC0"
 
 # unlock: sixteen characters, and the last user there can be
 $ cfgtool -t user -d unlock -v sixteen-letters!
 do proven
 > 30 91  UNLOCK SIXTEEN TWENTY  < 00
-| Set user:sixteen-letters! unlock status successfully.
+done| Set user:sixteen-letters! unlock status successfully.
 log 1 User "Set user(sixteen-letters!|user17) unlock status success,EvtCode:0x11100CC0"
 
 # unlock: user 3 with the right to it
@@ -57,14 +57,14 @@ uid 503
 $ cfgtool -t user -d unlock -v admin
 > 06 44  01 03  < 00 11 03 00 34
 do users
-|"Input your password:"
+hidden|"Input your password:"
 hidden "Sesame-1\r"
 |"\n"
 > 30 91  CHECK BOB SESAME  < 00
 secret "Sesame-1"
 do users
 > 30 91  UNLOCK ADMIN TWENTY  < 00
-| Set user:admin unlock status successfully.
+done| Set user:admin unlock status successfully.
 log 1 User "Set user(admin|user2) unlock status success,EvtCode:0x11100CC0"
 
 # unlock: an operator may not, whatever is typed, and a record is left
@@ -72,7 +72,7 @@ uid 503
 $ cfgtool -t user -d unlock -v bob
 $ cfgtool -t user -d unlock
 > 06 44  01 03  < 00 11 03 00 33
-| Insufficient privilege level
+refuse| Insufficient privilege level
 do failed early
 
 # unlock: nor may one whose privilege is not answered
@@ -80,14 +80,14 @@ uid 503
 $ cfgtool -t user -d unlock -v bob
 > 06 44  01 03  < silent
 |"Select OutTime \r\n"
-| send 'Get User Access Command' failed!
+refuse 40000001| send 'Get User Access Command' failed!
 do failed early
 
 # unlock: nor one whose privilege is refused
 uid 503
 $ cfgtool -t user -d unlock -v bob
 > 06 44  01 03  < CC
-| Get User Access Command failed!
+refuse 064400CC| Get User Access Command failed!
 do failed early
 
 # unlock: a name, no more and no less
@@ -97,36 +97,38 @@ $ cfgtool -t user -d unlock bob
 $ cfgtool -t user -d unlock -v bob carol
 $ cfgtool -t user -d unlock -x bob
 $ cfgtool -t user -d unlock bob -v
-| Usage: cfgtool -t user -d unlock -v <username>
+usage| Usage: cfgtool -t user -d unlock -v <username>
 do failed early
 
 # unlock: a wrong password
 $ cfgtool -t user -d unlock -v bob
 do users
-|"Input your password:"
+hidden|"Input your password:"
 hidden "Sesame-1\r"
 |"\n"
 > 30 91  CHECK ADMIN SESAME  < 82
 secret "Sesame-1"
-| Incorrect password.
+refuse 30910082| Incorrect password.
 do failed early
 
 # unlock: no password typed
 $ cfgtool -t user -d unlock -v bob
 do users
-|"Input your password:"
-| Input your password error.
+hidden|"Input your password:"
+refuse| Input your password error.
 do failed early
 
 # unlock: the users cannot be read: no question and no word
 $ cfgtool -t user -d unlock -v bob
 > 06 46  02  < CC
+refuse 064600CC|""
 do failed early
 
 # unlock: account 500 behind root's rights is no user
 real 500
 $ cfgtool -t user -d unlock -v bob
 do users
+refuse|""
 do failed early
 
 # unlock: the users cannot be read again: not answered
@@ -134,12 +136,14 @@ $ cfgtool -t user -d unlock -v bob
 do password proven
 > 06 46  02  < silent
 |"Select OutTime \r\n"
+refuse 40000001|""
 do failed early
 
 # unlock: the users cannot be read again: refused
 $ cfgtool -t user -d unlock -v bob
 do password proven
 > 06 46  02  < CC
+refuse 064600CC|""
 do failed early
 
 # unlock: names are compared whole and to the letter; an empty one is nobody's
@@ -149,7 +153,7 @@ $ cfgtool -t user -d unlock -v bobby
 $ cfgtool -t user -d unlock -v Bob
 $ cfgtool -t user -d unlock -v ''
 do proven
-| Set user unlock failed.
+fail| Set user unlock failed.
 log 1 User "Set user(user18) unlock status fail,EvtCode:0x11100CC1"
 
 # unlock: not answered
@@ -157,26 +161,26 @@ $ cfgtool -t user -d unlock -v bob
 do proven
 > 30 91  UNLOCK BOB TWENTY  < silent
 |"Select OutTime \r\n"
-| Send 'unlock user' failed, error code: 0x40000001
+fail| Send 'unlock user' failed, error code: 0x40000001
 do failed
 
 # unlock: not sent
 $ cfgtool -t user -d unlock -v bob
 do proven
 > 30 91  UNLOCK BOB TWENTY  < unsent
-| Send 'unlock user' failed, error code: 0x40000000
+fail| Send 'unlock user' failed, error code: 0x40000000
 do failed
 
 # unlock: the controller could not
 $ cfgtool -t user -d unlock -v bob
 do proven
 > 30 91  UNLOCK BOB TWENTY  < 85
-| Unlock user failed!
+fail 30918085| Unlock user failed!
 do failed
 
 # unlock: refused for another reason, with the function's byte in the code
 $ cfgtool -t user -d unlock -v bob
 do proven
 > 30 91  UNLOCK BOB TWENTY  < 82
-| Unlock user failed, error code: 0x30918082
+fail| Unlock user failed, error code: 0x30918082
 do failed
