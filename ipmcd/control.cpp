@@ -1,7 +1,5 @@
 #include "ipmcd/control.h"
 
-#include "ipmcd/state_file.h"
-
 #include <iomanip>
 #include <sstream>
 #include <stdexcept>
@@ -39,9 +37,8 @@ const control::verb control::verbs[] = {
     {"reset", "reset", &control::reset},
 };
 
-control::control(controller &behind, fault_list &ordered, const service &traffic,
-                 std::optional<std::filesystem::path> state_file)
-    : board(behind), faults(ordered), ipmi(traffic), file(std::move(state_file))
+control::control(controller &behind, fault_list &ordered, const service &traffic, std::function<void()> save_state_)
+    : board(behind), faults(ordered), ipmi(traffic), save_state(std::move(save_state_))
 {
 }
 
@@ -133,9 +130,9 @@ json control::save(words arguments)
 {
     if (!arguments.empty())
         return error("save takes no words: it writes the file that --state named");
-    if (!file)
+    if (!save_state)
         return error("there is no state file, ipmcd was started without --state");
-    save_state(*file, board);
+    save_state();
     return done;
 }
 

@@ -5,8 +5,7 @@
 #include "ipmcd/faults.h"
 #include "ipmcd/service.h"
 
-#include <filesystem>
-#include <optional>
+#include <functional>
 #include <string>
 
 namespace ipmcd
@@ -15,9 +14,8 @@ namespace ipmcd
 class control
 {
 public:
-    /// `state_file` is where `save` saves, if anywhere.
-    control(controller &behind, fault_list &ordered, const service &traffic,
-            std::optional<std::filesystem::path> state_file);
+    /// `save_state` is what `save` does; null when there is no state file.
+    control(controller &behind, fault_list &ordered, const service &traffic, std::function<void()> save_state);
 
     /// What `show` shows, {"ok": true}, or {"error": "why"}.
     json answer(const std::string &line);
@@ -42,7 +40,7 @@ private:
     controller &board;
     fault_list &faults;
     const service &ipmi;
-    std::optional<std::filesystem::path> file;
+    std::function<void()> save_state;
 };
 
 }  // namespace ipmcd

@@ -14,8 +14,24 @@ static bool starts_with(std::span<const uint8_t> data, std::span<const uint8_t> 
     return data.size() >= lead.size() && std::equal(lead.begin(), lead.end(), data.begin());
 }
 
+std::unique_ptr<timer> controller::watched_scheduler::make_timer(std::function<void()> when_due)
+{
+    return machine.make_timer([&board = owner, act = std::move(when_due)] {
+        act();
+        board.note_change();
+    });
+}
+
+void controller::watched_scheduler::in_background(uint32_t account, std::function<void()> work, background_result then)
+{
+    machine.in_background(account, std::move(work), [&board = owner, act = std::move(then)](std::exception_ptr failed) {
+        act(std::move(failed));
+        board.note_change();
+    });
+}
+
 controller::controller(scheduler &timers, std::span<const family_maker> makers, board_description described)
-    : clock(timers), restarting(timers.make_timer([this] { restart(); })), board(std::move(described))
+    : clock(timers, *this), restarting(clock.make_timer([this] { restart(); })), board(std::move(described))
 {
     for (const family_maker make : makers) {
         members.push_back(make(*this));
@@ -81,8 +97,10 @@ void controller::execute(const request_frame &request, uint32_t account, command
     const completion code = guarded(row, answer, [&] {
         return row.run ? row.run(*found->owner, data, answer) : row.run_slowly(*found->owner, data, account, slow);
     });
-    if (code != completion::ok || !slow.work)
-        return then(code, answer.written());
+    if (code != completion::ok || !slow.work) {
+        then(code, answer.written());
+        return note_change();
+    }
     clock.in_background(account, std::move(slow.work),
                         [&row, finish = std::move(slow.finish), then = std::move(then)](std::exception_ptr failed) {
                             byte_writer late_answer;
@@ -145,12 +163,14 @@ void controller::from_json(const json &state)
         if (const json *part = fields.find(member->name()))
             member->from_json(*part);
     fields.done();
+    note_change();
 }
 
 void controller::reset()
 {
     for (const auto &member : members)
         member->reset();
+    note_change();
 }
 
 void controller::restart()

@@ -38,7 +38,10 @@ public:
     /// netFn and command carry secrets, only as many bytes count as such a row begins with.
     size_t open_bytes(uint8_t netfn, uint8_t command, std::span<const uint8_t> data) const;
 
+    /// The families' own: whoever watches the controller hears when their timers go off.
     scheduler &timers() { return clock; }
+    /// `happened` is called after anything that may have changed the state. Null: nobody watches.
+    void watch(std::function<void()> happened) { watcher = std::move(happened); }
     /// The board that it sits on.
     const board_description &description() const { return board; }
     /// The family of that name. Throws std::out_of_range when there is none.
@@ -72,6 +75,24 @@ public:
     void cancel_reservations();
 
 private:
+    class watched_scheduler final : public scheduler
+    {
+    public:
+        watched_scheduler(scheduler &machine_, controller &owner_) : machine(machine_), owner(owner_) {}
+        std::chrono::milliseconds now() const override { return machine.now(); }
+        std::unique_ptr<timer> make_timer(std::function<void()> when_due) override;
+        void in_background(uint32_t account, std::function<void()> work, background_result then) override;
+
+    private:
+        scheduler &machine;
+        controller &owner;
+    };
+    void note_change() const
+    {
+        if (watcher)
+            watcher();
+    }
+
     struct entry {
         family *owner;
         const command *row;
@@ -79,7 +100,8 @@ private:
     const entry *find(uint8_t netfn, uint8_t command, std::span<const uint8_t> data) const;
     completion refusal(uint8_t netfn, uint8_t command, std::span<const uint8_t> data) const;
 
-    scheduler &clock;
+    std::function<void()> watcher;
+    watched_scheduler clock;
     std::unique_ptr<timer> restarting;
     const board_description board;
     std::optional<std::filesystem::path> disk_folder;

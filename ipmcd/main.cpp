@@ -7,6 +7,7 @@
 #include "ipmcd/server.h"
 #include "ipmcd/service.h"
 #include "ipmcd/state_file.h"
+#include "ipmcd/state_keeper.h"
 #include "ipmcd/text.h"
 #include "ipmcd/trace.h"
 
@@ -75,7 +76,10 @@ static void serve(const options &chosen)
 
     fault_list faults;
     service ipmi(board, faults, shown);
-    control commands(board, faults, ipmi, chosen.state);
+    std::optional<state_keeper> keeper;
+    if (chosen.state)
+        keeper.emplace(*chosen.state, board, loop);
+    control commands(board, faults, ipmi, keeper ? [&] { keeper->save(); } : std::function<void()>());
 
     make_socket_folder(chosen.ipc_dir);
     bound_socket ipmi_socket(chosen.ipc_dir / "2001", SOCK_DGRAM, 0666);   // any account's requests
@@ -84,8 +88,8 @@ static void serve(const options &chosen)
     control_port orders(loop, control_socket, commands);
     say_ready(chosen);
     loop.run();
-    if (chosen.state)
-        save_state(*chosen.state, board);
+    if (keeper)
+        keeper->save();
 }
 
 int main(int argc, char **argv)

@@ -16,7 +16,7 @@ const char usage[] =
     "  --ipc-dir DIR     folder of the IPMI socket, DIR/2001 (default $ZENTRO_IPC_DIR, else /run/zentro)\n"
     "  --control PATH    control socket (default: \"control\" in that folder)\n"
     "  --board BOARD     which sensors there are: default, device-sdrs or short-reads, or the path of a board file\n"
-    "  --state FILE      load the state from FILE when it is there, save it there at the end\n"
+    "  --state FILE      load the state from FILE when it is there, save it there after each change\n"
     "  --disk DIR        where files of the controller's disk lie, /tmp/x as DIR/tmp/x; without it none are written\n"
     "  --trace[=FILE]    show the traffic in words on stderr, or append it to FILE\n"
     "  --ready-fd N      write \"ready\" to descriptor N, not to stdout, once requests are taken\n"

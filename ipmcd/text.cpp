@@ -54,9 +54,15 @@ void report(std::string_view what)
 
 std::string hex(std::span<const uint8_t> bytes)
 {
+    static constexpr char digits[] = "0123456789ABCDEF";
     std::string made;
-    for (const uint8_t byte : bytes)
-        made += text(made.empty() ? "%02X" : " %02X", byte);
+    made.reserve(bytes.size() * 3);
+    for (const uint8_t byte : bytes) {
+        if (!made.empty())
+            made += ' ';
+        made += digits[byte >> 4];
+        made += digits[byte & 0x0F];
+    }
     return made;
 }
 

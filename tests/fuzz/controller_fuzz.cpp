@@ -203,7 +203,7 @@ private:
     trace words{[](const std::string &line) { check(!line.empty()); }};
     fault_list faults;
     service ipmi{board, faults, words};
-    control orders{board, faults, ipmi, std::nullopt};
+    control orders{board, faults, ipmi, nullptr};
     bool spoiled = false;
 };
 

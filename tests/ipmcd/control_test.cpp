@@ -1,5 +1,6 @@
 /// The control commands.
 #include "ipmcd/control.h"
+#include "ipmcd/state_file.h"
 #include "tests/ipmcd/board.h"
 
 #include <fstream>
@@ -14,7 +15,7 @@ struct control_commands : board_test {
     fault_list faults;
     trace quiet;
     service ipmi{board, faults, quiet};
-    control commands{board, faults, ipmi, folder / "state.json"};
+    control commands{board, faults, ipmi, [this] { write_state(folder / "state.json", state_text(board)); }};
 };
 
 static const char ok[] = R"({"ok":true})";
@@ -114,7 +115,7 @@ TEST_F(control_commands, a_save_that_fails_says_so)
 {
     std::filesystem::create_directory(folder / "state.json");
     EXPECT_TRUE(commands.answer("save")["error"].get<std::string>().ends_with("Is a directory"));
-    control without(board, faults, ipmi, std::nullopt);
+    control without(board, faults, ipmi, nullptr);
     EXPECT_EQ(without.answer("save").dump(),
               R"({"error":"there is no state file, ipmcd was started without --state"})");
 }

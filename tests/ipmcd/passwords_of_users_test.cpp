@@ -422,7 +422,7 @@ TEST_F(passwords_of_users, are_in_the_state_as_hashes_only)
 
 TEST_F(passwords_of_users, never_show)
 {
-    control commands(board, faults, ipmi, std::nullopt);
+    control commands(board, faults, ipmi, nullptr);
     const std::string hash = state_of("users")["2"]["password_hash"];
     EXPECT_FALSE(hash.empty());
     for (const char *const question : {"show", "show users"}) {
@@ -441,7 +441,7 @@ TEST_F(passwords_of_users, never_show)
 
 TEST_F(passwords_of_users, a_tester_may_set_one_in_plain_text)
 {
-    control commands(board, faults, ipmi, std::nullopt);
+    control commands(board, faults, ipmi, nullptr);
     EXPECT_EQ(commands.answer(R"(set /users/6 {"name": "six", "password": "x y", "enabled": true})").dump(),
               R"({"ok":true})");
     EXPECT_EQ(check("six", "x y"), done_oem);

@@ -224,6 +224,18 @@ TEST_F(ipmcd_process, saves_its_state_at_the_end_and_loads_it_at_the_start)
     EXPECT_EQ(ask("show fans"), "0 {\"mode\":\"manual\",\"timeout_s\":30,\"level\":60}\n");
 }
 
+TEST_F(ipmcd_process, has_saved_its_state_when_it_is_killed)
+{
+    auto running = start({"--state", state});
+    connect().ask(set_fan_level_60);
+    EXPECT_TRUE(eventually([this] { return content_of(state).find("\"level\": 60") != std::string::npos; }));
+    running->signal(SIGKILL);
+    running->end();
+    running = start({"--state", state});
+    EXPECT_EQ(ask("show fans"), "0 {\"mode\":\"manual\",\"timeout_s\":30,\"level\":60}\n");
+    EXPECT_EQ(content_of(errors), "");
+}
+
 TEST_F(ipmcd_process, sits_on_the_board_it_is_given)
 {
     const auto file = folder / "board.json";

@@ -41,7 +41,7 @@ static reply value(const bytes &of)
 
 TEST_F(traps, of_the_factory)
 {
-    control commands(board, faults, ipmi, std::nullopt);
+    control commands(board, faults, ipmi, nullptr);
     EXPECT_EQ(commands.answer("show traps").dump(),
               R"({"enabled":false,"version":"V1","severity":"all","mode":"event code","user":"","protocol":"MD5/DES",)"
               R"("destinations":{"1":{"enabled":false,"address":"0.0.0.0","port":162},)"
@@ -165,7 +165,7 @@ TEST_F(traps, a_community_is_secret)
 {
     set_community("mar-ma1ade");
     EXPECT_EQ(get(0x10), (reply{0x83, {}}));  // write-only
-    control commands(board, faults, ipmi, std::nullopt);
+    control commands(board, faults, ipmi, nullptr);
     EXPECT_EQ(commands.answer("show").dump().find("mar-ma1ade"), std::string::npos);
     EXPECT_NE(board.to_json().dump().find("mar-ma1ade"), std::string::npos);
     const expected traced_lines = {
