@@ -145,19 +145,19 @@ static tm local_time(int64_t seconds)
 
 static int second_of_day(const tm &time) { return time.tm_hour * 3600 + time.tm_min * 60 + time.tm_sec; }
 
-/// A rule in TZ ("CET-1CEST,M3.5.0,M10.5.0/3") can change the clock back a second after it changed it. Zones of the
-/// time zone database leave it alone for days.
-static bool clock_has_its_own_rule()
+/// Zones of the time zone database leave the clock alone for days after they changed it. A rule in TZ, as in
+/// "CET-1CEST,M3.5.0,M10.5.0/3", or a file that TZ names by its path may change it back a second later.
+static bool clock_may_change_twice_an_hour()
 {
     const char *zone = getenv("TZ");
-    return zone != nullptr && strchr(zone, ',') != nullptr;
+    return zone != nullptr && (strchr(zone, ',') != nullptr || *zone == '/' || *zone == ':');
 }
 
 /// The seconds of an hour in which the clock runs evenly, or one second alone.
 struct clock_span {
     static constexpr int64_t hour_s = 3600;
 
-    const bool whole_hours = !clock_has_its_own_rule();
+    const bool whole_hours = !clock_may_change_twice_an_hour();
     int64_t first = 0, end = 0;  // none yet
     int64_t midnight = 0;
     char text[sizeof "YYYY-MM-DD  HH:MM:SS" - 1];  // of the first second

@@ -157,21 +157,39 @@ static const moment odd_moments[] = {
 
 TEST_F(log_times, match_localtime_second_by_second_around_odd_moments)
 {
-    static constexpr uint32_t around_s = 2000;  // more than half an hour
+    static constexpr int32_t around_s = 2000;  // more than half an hour
     for (const moment &one : odd_moments) {
         SCOPED_TRACE(one.zone);
         move_to(one.zone);
         std::vector<uint32_t> stamps;
-        for (uint32_t stamp = one.second + around_s; stamp >= one.second - around_s; --stamp)
-            stamps.push_back(stamp);
+        for (int32_t after = around_s; after >= -around_s; after -= std::abs(after) <= 100 ? 1 : 7)
+            stamps.push_back(one.second + uint32_t(after));
         EXPECT_EQ(columns_of(table_of({one.second}).front())[2], one.shown);
+        expect_localtime(stamps);
+    }
+}
+
+TEST_F(log_times, match_localtime_where_a_file_changes_the_clock_for_ten_minutes)
+{
+    write("rules", "Rule ten 2024 only - Apr 10 2:10 1:00 D\n"
+                   "Rule ten 2024 only - Apr 10 3:20 0 S\n"
+                   "Zone minutes 0 ten %s\n");
+    ASSERT_EQ(system(("/usr/sbin/zic -d " + folder + " " + path("rules")).c_str()), 0);
+    for (const std::string &zone : {path("minutes"), ":" + path("minutes")}) {
+        SCOPED_TRACE(zone);
+        move_to(zone.c_str());
+        std::vector<uint32_t> stamps;
+        for (uint32_t stamp = 1712717400; stamp > 1712714400; stamp -= 7)  // from 02:50 back to 02:00
+            stamps.push_back(stamp);
+        EXPECT_EQ(columns_of(table_of({1712715300}).front())[2], "2024-04-10  03:15:00");
+        EXPECT_EQ(columns_of(table_of({1712715601}).front())[2], "2024-04-10  02:20:01");
         expect_localtime(stamps);
     }
 }
 
 TEST_F(log_times, match_localtime_throughout_a_year)
 {
-    static constexpr uint32_t year_2016 = 1451606400, year_2017 = 1483228800, step_s = 3571;  // no divisor of a day
+    static constexpr uint32_t year_2016 = 1451606400, year_2017 = 1483228800, step_s = 7109;  // no divisor of a day
     for (const char *zone : {"UTC", "right/UTC", "right/Europe/London", "America/Caracas", "Asia/Kolkata",
                              "Africa/Casablanca", "Pacific/Chatham", "Antarctica/Troll", "CET-1CEST", "UTC-23:59:59",
                              "AAA0BBB,J100/2,J100/12", "AAA0BBB-24,J1/0,J365/25"}) {
