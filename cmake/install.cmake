@@ -2,7 +2,8 @@
 #
 #   tool        the programs of a board
 #   platform    the platform library for plain Linux; a board with a library of its own leaves it out
-#   manual      manual pages, completion, documentation, examples
+#   manual      manual pages, documentation, examples
+#   completion  completion by TAB in bash, zsh and fish
 #   dev         what it takes to write a platform library, or to use this one
 #   simulator   the simulated controller, the files of its disk, and the platform library that heeds everybody
 #

@@ -26,9 +26,10 @@ if(CFGTOOL_PACKED_RELOCATIONS)
     set(loader "libc6 (>= 2.36)")
 endif()
 
-set(CPACK_COMPONENTS_ALL tool manual platform dev)
+set(CPACK_COMPONENTS_ALL tool manual completion platform dev)
 set(CPACK_COMPONENT_TOOL_GROUP cfgtool)
 set(CPACK_COMPONENT_MANUAL_GROUP cfgtool)
+set(CPACK_COMPONENT_COMPLETION_GROUP cfgtool)
 set(CPACK_DEBIAN_CFGTOOL_PACKAGE_NAME cfgtool)
 set(CPACK_DEBIAN_CFGTOOL_PACKAGE_DEPENDS libzentro-platform1 ${loader})
 set(CPACK_DEBIAN_CFGTOOL_DESCRIPTION "configuration command of a board-management controller

@@ -2,10 +2,12 @@
 """What `cmake --install` leaves, and what can be done with it. BUILD names the build folder, VERSION the project's version,
 LEFT_OUT what could not be built here."""
 
+import fnmatch
 import hashlib
 import os
 import re
 import shutil
+import types
 import unittest
 from pathlib import Path
 
@@ -124,14 +126,17 @@ class elsewhere(Test):
         frame = self.folder / "Makefile"
         frame.write_text(
             "define sep\n\n\nendef\n"
-            "BR2_CMAKE = cmake\n"
+            "qstrip = $(strip $(subst \",,$(1)))\n"
+            "BR2_CMAKE = cmake\nINSTALL = install\n"
             f"BR2_EXTERNAL_CFGTOOL_PATH = {PACKAGING}/buildroot\n"
             f"CFGTOOL_BUILDDIR = {BUILD}\n"
             f"STAGING_DIR = {self.folder}/staging\nTARGET_DIR = {self.folder}/target\n"
             f"include {PACKAGING}/buildroot/external.mk\n"
             "staging: ; $(CFGTOOL_INSTALL_STAGING_CMDS)\n"
             "target: ; $(CFGTOOL_INSTALL_TARGET_CMDS)\n"
-            "options: ; @echo $(CFGTOOL_CONF_OPTS)\n")
+            "options: ; @echo $(CFGTOOL_CONF_OPTS)\n"
+            "version: ; @echo $(CFGTOOL_VERSION)\n"
+            "users: ; $(info $(CFGTOOL_USERS)) @:\n")
         return run("make", "-s", "-f", frame, target, *settings, env=self.environment).stdout
 
     def installed_by_buildroot(self, target: str, *settings: str) -> set[str]:
@@ -151,6 +156,22 @@ class elsewhere(Test):
     def test_buildroot_has_in_staging_what_other_packages_build_with(self):
         self.assertEqual(self.installed_by_buildroot("staging"), self.components("platform", "dev"))
 
+    def test_buildroot_installs_completions_when_it_shall(self):
+        self.assertEqual(self.installed_by_buildroot("target", "BR2_PACKAGE_CFGTOOL_COMPLETION=y"),
+                         self.components("tool", "completion"))
+
+    def test_buildroot_installs_the_profile_of_the_board(self):
+        (self.folder / "profile").write_text("[FAN_PROPERTITY]\n")
+        self.buildroot("target", f'BR2_PACKAGE_CFGTOOL_BOARD_PROFILE="{self.folder}/profile"')
+        self.assertEqual((self.folder / "target/data/cli.conf").read_text(), "[FAN_PROPERTITY]\n")
+
+    def test_buildroot_has_an_account_for_each_user_of_the_controller(self):
+        rows = [line.split(maxsplit=8) for line in
+                self.buildroot("users", "BR2_PACKAGE_CFGTOOL_ACCOUNTS=y").splitlines() if line.strip()]
+        self.assertEqual(rows, [[f"ipmi{n}", str(500 + n), f"ipmi{n}", str(500 + n), "*", "-", "/bin/sh", "-",
+                                 f"User {n} of the controller"] for n in range(1, 18)])
+        self.assertEqual(self.buildroot("users").strip(), "")
+
     def test_buildroot_asks_for_what_the_package_uses(self):
         asked = set(re.findall(r"^config (\w+)$", self.CONFIG.read_text(), re.MULTILINE))
         used = set(re.findall(r"BR2_PACKAGE_\w+", self.MAKEFILE.read_text()))
@@ -165,22 +186,29 @@ class elsewhere(Test):
         recipe, = (PACKAGING / "yocto").iterdir()
         return recipe.read_text().replace("\\\n", "")
 
+    def setting(self, name: str) -> str:
+        return re.search(rf'^{re.escape(name)} (?:=|=\+|\+=) "(.*)"$', self.recipe(), re.MULTILINE).group(1)
+
     def yocto_packages(self) -> dict[str, set[str]]:
-        """Which package of the recipe each file comes into: the first that names it or a folder it is in."""
+        """Which package of the recipe each file comes into: the first that names it or a folder it is in. The last ones, and
+        bash-completion, are BitBake's own."""
         folders = {"bindir": "bin", "libdir": "lib", "includedir": "include", "datadir": "share", "mandir": "share/man",
-                   "sysconfdir": "etc", "nonarch_libdir": "lib"}
-        named = dict(re.findall(r'^FILES:(\S+) = "(.*)"$', self.recipe(), re.MULTILINE))
-        first = re.search(r'^PACKAGES =\+ "(.*)"$', self.recipe(), re.MULTILINE).group(1).split()
-        order = [*first, "${PN}-dev", "${PN}-doc", "${PN}"]
-        self.assertEqual(set(order), set(named))
+                   "docdir": "share/doc", "sysconfdir": "etc", "nonarch_libdir": "lib"}
+        named = dict(re.findall(r'^FILES:(\S+) = "(.*)"$', self.recipe(), re.MULTILINE)) | {
+            "${PN}-bash-completion": "${datadir}/bash-completion",
+            "${PN}-dev": "${includedir} ${libdir}/lib*.so ${libdir}/cmake ${libdir}/pkgconfig",
+            "${PN}-doc": "${docdir} ${mandir} " + self.setting("FILES:${PN}-doc"),
+            "${PN}": "${bindir} ${libdir} ${sysconfdir}"}
+        order = [*self.setting("PACKAGES").split(), "${PN}-bash-completion", "${PN}-dev", "${PN}-doc", "${PN}"]
+        self.assertEqual(set(order) - set(named), {"${PN}-accounts"})
         packages: dict[str, set[str]] = {name: set() for name in order}
         for row in listed_files():
             if row.component == "simulator":  # which the recipe does not build
                 continue
-            places = {row.path, *(str(parent) for parent in Path(row.path).parents)}
+            places = [row.path, *(str(parent) for parent in Path(row.path).parents)]
             for name in order:
-                entries = re.sub(r"\$\{(\w+)\}", lambda found: folders[found.group(1)], named[name]).split()
-                if places & set(entries):
+                entries = re.sub(r"\$\{(\w+)\}", lambda found: folders[found.group(1)], named.get(name, "")).split()
+                if any(fnmatch.fnmatchcase(place, entry) for place in places for entry in entries):
                     packages[name].add(row.path)
                     break
             else:
@@ -190,10 +218,20 @@ class elsewhere(Test):
     def test_yocto_puts_each_file_in_its_package(self):
         packages = self.yocto_packages()
         self.assertEqual(packages["libzentro-platform1"], self.components("platform"))
-        self.assertEqual(packages["${PN}-dev"] | packages["platform-check"], self.components("dev"))
-        self.assertEqual(packages["platform-check"], {"bin/platform-check", "share/man/man1/platform-check.1"})
-        self.assertEqual(packages["${PN}-doc"], self.components("manual"))
+        self.assertEqual(packages["platform-check"], {"bin/platform-check"})
         self.assertEqual(packages["${PN}"], self.components("tool"))
+        pages = {path for path in self.components("dev") if path.startswith("share/man/")}
+        self.assertEqual(packages["${PN}-dev"] | packages["platform-check"] | pages, self.components("dev"))
+        self.assertEqual(packages["${PN}-doc"], self.components("manual") | pages)
+        completion = [packages[f"${{PN}}-{name}completion"] for name in ("", "bash-", "zsh-", "fish-")]
+        self.assertTrue(all(completion))
+        self.assertEqual(set.union(*completion), self.components("completion"))
+
+    def test_yocto_has_an_account_for_each_user_of_the_controller(self):
+        expression = re.fullmatch(r"\$\{@(.*)\}", self.setting("USERADD_PARAM:${PN}-accounts")).group(1)
+        accounts = re.findall(r"--uid (\d+) .* ipmi(\d+)(?:;|$)", eval(expression).replace("; ", ";\n"), re.MULTILINE)
+        self.assertEqual(accounts, [(str(500 + n), str(n)) for n in range(1, 18)])
+        self.assertIn(self.setting("USERADD_PACKAGES"), self.setting("PACKAGES"))
 
     def test_both_set_what_can_be_set(self):
         options = re.findall(r"-D(\w+)=", self.buildroot("options") + self.recipe())
@@ -203,12 +241,19 @@ class elsewhere(Test):
             self.assertIn(option + ":", known)
 
     def test_all_are_of_one_version(self):
-        recipe, = (PACKAGING / "yocto").iterdir()
-        self.assertEqual(recipe.name, f"cfgtool_{VERSION}.bb")
-        self.assertIn(recipe.name, (REPOSITORY / "docs/installing.md").read_text())
-        self.assertIn(f"CFGTOOL_VERSION = {VERSION}\n", self.MAKEFILE.read_text())
-        changelog = (PACKAGING / "debian/changelog").read_text()
-        self.assertTrue(changelog.startswith(f"cfgtool ({VERSION}-"), changelog)
+        """That of the file VERSION, which no other file repeats but the list of changes."""
+        self.assertEqual((REPOSITORY / "VERSION").read_text(), VERSION + "\n")
+        self.assertEqual(self.buildroot("version"), VERSION + "\n")
+        function = re.search(r"^def version_of_sources\(d\):\n(?:    .*\n)+", self.recipe(), re.MULTILINE).group(0)
+        bitbake = types.SimpleNamespace(parse=types.SimpleNamespace(mark_dependency=lambda data, path: None))
+        words = {"os": os, "bb": bitbake}
+        exec(function, words)
+        self.assertEqual(words["version_of_sources"](types.SimpleNamespace(getVar=lambda name: str(REPOSITORY))), VERSION)
+        released = re.search(r"^## (\d+\.\d+\.\d+), \d{4}-\d\d-\d\d$", (REPOSITORY / "CHANGELOG.md").read_text(), re.M)
+        self.assertEqual(released.group(1), VERSION)
+        for path in [*PACKAGING.rglob("*"), *REPOSITORY.glob("cmake/*"), REPOSITORY / "CMakeLists.txt"]:
+            if path.is_file():
+                self.assertNotIn(VERSION, path.read_text(), path)
 
 
 if __name__ == "__main__":

@@ -11,8 +11,8 @@ from pathlib import Path
 
 from staged import BUILD, LEFT_OUT, PACKAGING, Test, files_below, listed_files, run
 
-PACKAGE_OF = {"tool": "cfgtool", "manual": "cfgtool", "platform": "libzentro-platform1", "dev": "libzentro-platform-dev",
-              "simulator": "cfgtool-simulator"}
+PACKAGE_OF = {"tool": "cfgtool", "manual": "cfgtool", "completion": "cfgtool", "platform": "libzentro-platform1",
+              "dev": "libzentro-platform-dev", "simulator": "cfgtool-simulator"}
 NO_SERVICE = "Set fan level  failed, error code: 0x40000000"
 LIBRARY = "usr/lib/libzentro_platform.so.1"
 
@@ -57,6 +57,7 @@ class packages(Test):
             expected = {as_debian_has_it(row.path): row.mode for row in listed_files()
                         if PACKAGE_OF[row.component] == package}
             expected |= {path: "0644" for path in (f"usr/share/doc/{package}/copyright",
+                                                   f"usr/share/doc/{package}/changelog.gz",
                                                    f"usr/share/doc/{package}/changelog.Debian.gz",
                                                    f"usr/share/lintian/overrides/{package}")}
             run("dpkg-deb", "-x", deb, self.folder / package)

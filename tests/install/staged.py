@@ -26,7 +26,7 @@ def listed_files() -> list[Listed]:
     rows = [Listed(*line.split()) for line in lines if line and not line.startswith("#")]
     assert len({row.path for row in rows}) == len(rows) > 20, "a file is listed twice"
     return [row for row in rows
-            if not any(row.component == name or (row.component == "manual" and row.path.startswith(name + "/"))
+            if not any(row.component == name or (row.component != "dev" and row.path.startswith(name + "/"))
                        for name in LEFT_OUT)]
 
 
