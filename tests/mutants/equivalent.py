@@ -9,7 +9,7 @@ EQUIVALENT = {
     ("cfgtool/cli/main.cpp", "return;", "return;", ";"),
     (
         "cfgtool/cli/main.cpp",
-        "exit(0);  // whatever happened: success and failure are told by the printed text alone",
+        "exit(0);  // whatever happened: success and failure are reported by the printed text alone",
         "exit(0);",
         ";",
     ),
@@ -36,7 +36,7 @@ EQUIVALENT = {
     # Where there is no terminal, no key is read either.
     ("cfgtool/ui/prompt.cpp", "bool is_hidden = false;", "false", "true"),
     # What is no digit before the point has ended the loop already; the check that is kept says it once more.
-    ("cfgtool/ui/address.cpp", "if (!is_digit(text[at - 1]) || !is_digit(text[at + 1])) {", "-", "+"),
+    ("cfgtool/ui/address.cpp", "if (!is_digit(text[at - 1]) || !is_digit(text[at + 1]))", "-", "+"),
     ("cfgtool/ui/address.cpp", "(address | mask) > mask &&    // Kept: the same once more", ">", ">="),
     # There are four destinations, not 33.
     (

@@ -1,17 +1,21 @@
 /// The status descriptor: which one is taken, what a line looks like, and what becomes of one that does not fit.
 #include "ui/status.h"
 
+#include "chassis/maintenance.h"
 #include "oplog/oplog.h"
+#include "tests/unit/failing_call.h"
 #include "tests/unit/platform_stub.h"
 #include "ui/console.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 static constexpr char variable[] = "CFGTOOL_STATUS_FD";
@@ -273,4 +277,39 @@ TEST_F(status, a_stream_may_take_the_beginning_of_a_line_which_is_lost_then)
         forget();
     }
     EXPECT_TRUE(was_cut);
+}
+
+TEST_F(status, a_fifo_that_cannot_be_opened_once_more_is_asked_for_room)
+{
+    const auto before = signal(SIGPIPE, SIG_IGN);
+    const std::string path = testing::TempDir() + "status-fifo." + std::to_string(getpid());
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    const int reader = open(path.c_str(), O_RDONLY | O_NONBLOCK), writer = open(path.c_str(), O_WRONLY);
+    close(reader);  // without a reader it is not opened
+    open_with(std::to_string(writer));
+    EXPECT_EQ(status_descriptor, writer);
+    EXPECT_EQ(printed([] { done("Nobody reads it."); }), "Nobody reads it.\r\n");
+    const int next_reader = open(path.c_str(), O_RDONLY | O_NONBLOCK);
+    printed([] { done("It fits."); });
+    char text[64];
+    const ssize_t got = read(next_reader, text, sizeof text);
+    EXPECT_EQ(std::string(text, size_t(std::max<ssize_t>(got, 0))), "lost\ndone\t\tIt fits.\\r\\n\n");
+    status_descriptor = 0;
+    close(writer);
+    close(next_reader);
+    unlink(path.c_str());
+    signal(SIGPIPE, before);
+}
+
+TEST_F(status, an_image_that_cannot_be_written_is_a_failure_for_programs)
+{
+    const channel each(SOCK_DGRAM);
+    open_on(each);
+    const failing_call full("write", ENOSPC);
+    printed([] {
+        char *none[] = {nullptr};
+        EXPECT_EQ(readeeprom({4, 0, none, nullptr}), 1);
+    });
+    const std::string text = each.text();
+    EXPECT_NE(text.find("failed\t\t\ndone\t\t\\nRead eeprom"), text.npos) << text;
 }
