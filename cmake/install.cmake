@@ -49,6 +49,7 @@ if(TARGET ipmcd)
     install(TARGETS ipmcd RUNTIME PERMISSIONS ${program_mode} COMPONENT simulator)
     install(TARGETS zentro_platform_simulator LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/cfgtool/simulator
             PERMISSIONS ${file_mode} COMPONENT simulator NAMELINK_SKIP)
+    install(FILES packaging/ipmcd.service DESTINATION lib/systemd/system PERMISSIONS ${file_mode} COMPONENT simulator)
     install(FILES docs/ipmcd.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT simulator)
     install(DIRECTORY ipmcd/disk DESTINATION ${CMAKE_INSTALL_DATADIR}/cfgtool COMPONENT simulator
             FILE_PERMISSIONS ${file_mode}

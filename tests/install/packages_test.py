@@ -204,6 +204,19 @@ class packages(Test):
                                           "-f", "${db:Status-Status}", "libzentro-platform1").stdout.split("-")[0])
         self.assertIn(NO_SERVICE, self.answer("cfgtool", "-d", "fanlevel", "-v", "60"))
 
+    def test_have_a_unit_that_systemd_understands(self):
+        """And whose program knows the options."""
+        if "simulator" in LEFT_OUT or shutil.which("systemd-analyze") is None:
+            self.skipTest("ipmcd is not built, or systemd is not installed")
+        text = (PACKAGING / "ipmcd.service").read_text().replace("/usr/bin/ipmcd", str(BUILD / "bin/ipmcd"))
+        (self.folder / "ipmcd.service").write_text(text)
+        said = run("systemd-analyze", "verify", "--man=no", "--recursive-errors=no", self.folder / "ipmcd.service").stdout
+        self.assertEqual(said, "")
+        options = re.search(r"^ExecStart=\S+ (.*)$", text, re.MULTILINE).group(1)
+        known = run(BUILD / "bin/ipmcd", "--help").stdout
+        for option in re.findall(r"--[a-z-]+", options):
+            self.assertIn(f"  {option} ", known)
+
     def test_bring_a_controller_to_talk_to(self):
         """As docs/installing.md says."""
         if "simulator" in LEFT_OUT:
