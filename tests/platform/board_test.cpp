@@ -2,7 +2,10 @@
 #include "tests/platform/fake_devices.h"
 #include "tests/platform/test_folder.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <csignal>
+#include <utility>
 
 namespace fs = std::filesystem;
 
@@ -145,6 +148,36 @@ TEST_F(flash, is_written_block_by_block)
     EXPECT_EQ(fake.erased, 16);
 }
 
+TEST_F(flash, small_blocks_are_erased_several_at_a_time)
+{
+    fake.mtd_path = write("flash", pattern(40 * block, 5));
+    image_path = write("image.bin", pattern(40 * block, 9));
+    ASSERT_EQ(copy(block, 0, 39 * block), 0);
+    EXPECT_EQ(now(), pattern(40 * block, 5).substr(0, block) + pattern(40 * block, 9).substr(0, 39 * block));
+    EXPECT_EQ(fake.erased, 39);
+    EXPECT_EQ(fake.erase_calls, 3) << "64 KiB, 64 KiB, 28 KiB";
+}
+
+TEST_F(flash, of_large_blocks_is_erased_one_at_a_time)
+{
+    fake.erase_size = 131072;
+    fake.mtd_path = write("flash", pattern(3 * 131072, 5));
+    image_path = write("image.bin", pattern(3 * 131072, 9));
+    ASSERT_EQ(copy(0, 0, 3 * 131072), 0);
+    EXPECT_EQ(now(), pattern(3 * 131072, 9));
+    EXPECT_EQ(fake.erase_calls, 3);
+}
+
+TEST_F(flash, that_is_locked_is_unlocked)
+{
+    fake.is_locked = true;
+    EXPECT_EQ(copy(block, block, 2 * block), 0);
+    fake.is_locked = true;
+    fake.part_can_be_unlocked = false;
+    EXPECT_EQ(copy(3 * block, 3 * block, 2 * block), 0) << "with all of the chip";
+    EXPECT_EQ(now(), old_flash.substr(0, block) + image.substr(block, 4 * block) + old_flash.substr(5 * block));
+}
+
 TEST_F(flash, a_part_is_written_and_nothing_round_it)
 {
     ASSERT_EQ(copy(3 * block, 77, 2 * block), 0);
@@ -214,6 +247,198 @@ TEST_F(board, without_a_way_to_set_it_the_bios_owner_is_a_failure)
     }
     EXPECT_EQ(contents(path("value")), "0\n");
     EXPECT_FALSE(fs::exists(path("none"))) << "no file is made";
+}
+
+// Lines of a GPIO chip ----------------------------------------------------------------------------------------------
+
+class gpio : public flash
+{
+protected:
+    gpio()
+    {
+        fake.gpio_path = write("gpio", "");
+        fake.gpio_line_path = write("line", "");
+        board_says("/dev/gpiochip3 12");
+    }
+    ~gpio() override { set_bios_owner(0); }
+    /// Both switches are this line.
+    void board_says(const std::string &line, const std::string &more = "") const
+    {
+        fake.board_file = write("board", "bios_owner_gpio = " + line + "\nbios_print_flag = " + line + "\n" + more);
+    }
+    using levels = std::map<unsigned, int>;
+};
+
+TEST_F(gpio, a_line_is_an_owner_switch)
+{
+    EXPECT_EQ(set_bios_owner(1), 0);
+    EXPECT_EQ(fake.levels, (levels{{12, 1}}));
+    EXPECT_EQ(set_bios_owner(0), 0);
+    EXPECT_EQ(fake.levels, (levels{{12, 0}}));
+    EXPECT_EQ(set_bios_owner(2), -1);
+    EXPECT_EQ(set_bios_owner(-1), -1);
+    EXPECT_EQ(fake.levels, (levels{{12, 0}}));
+}
+
+TEST_F(gpio, a_line_may_be_active_low)
+{
+    board_says("/dev/gpiochip3\t7  active-low");
+    EXPECT_EQ(set_bios_owner(1), 0);
+    EXPECT_EQ(fake.levels, (levels{{7, 0}}));
+    EXPECT_EQ(set_bios_owner(0), 0);
+    EXPECT_EQ(fake.levels, (levels{{7, 1}}));
+}
+
+TEST_F(gpio, nobody_else_sets_the_line_while_the_controller_has_the_flash)
+{
+    ASSERT_EQ(set_bios_owner(1), 0);
+    EXPECT_EQ(set_bios_print_flag(0), -1) << "the same line, asked for a second time";
+    EXPECT_EQ(set_bios_owner(1), 0) << "once more by who holds it";
+    EXPECT_EQ(fake.levels, (levels{{12, 1}}));
+    ASSERT_EQ(set_bios_owner(0), 0);
+    EXPECT_EQ(set_bios_print_flag(1), 0);
+    EXPECT_EQ(set_bios_print_flag(1), 0) << "which lets go of it";
+    EXPECT_EQ(fake.levels, (levels{{12, 1}}));
+}
+
+TEST_F(gpio, what_is_no_line_is_a_failure)
+{
+    for (const char *wrong : {"/dev/gpiochip3", "/dev/gpiochip3 ", "/dev/gpiochip3 twelve", "/dev/gpiochip3 12 low",
+                              "/dev/gpiochip3 12 active-low 1", "/dev/gpiochip3 32", "/dev/gpiochip9999 12",
+                              "/dev/gpiochip3-and-a-name-that-is-long 12"}) {
+        board_says(wrong);
+        EXPECT_EQ(set_bios_owner(1), -1) << wrong;
+        EXPECT_EQ(set_bios_owner(0), -1) << wrong;
+        EXPECT_EQ(set_bios_print_flag(1), -1) << wrong;
+    }
+    EXPECT_EQ(fake.levels, levels());
+}
+
+TEST_F(gpio, a_line_that_does_not_take_the_value_is_a_failure)
+{
+    fake.gpio_is_stuck = true;
+    EXPECT_EQ(set_bios_owner(1), -1);
+    EXPECT_EQ(set_bios_print_flag(1), -1);
+    fake.gpio_is_stuck = false;
+    EXPECT_EQ(set_bios_print_flag(1), 0) << "nobody holds the line";
+}
+
+// The driver of the flash -------------------------------------------------------------------------------------------
+
+class flash_driver : public gpio
+{
+protected:
+    flash_driver()
+    {
+        fs::create_directory(path("driver"));
+        write("driver/bind", "");
+        write("driver/unbind", "");
+        board_says("/dev/gpiochip3 12", "bios_flash_device = " + path("driver/1e630000.spi") + "\n");
+        fake.when_gpio_is_set = [this](int value) { happened.push_back(told() + " owner " + std::to_string(value)); };
+    }
+    ~flash_driver() override
+    {
+        fake.when_gpio_is_set = [](int) {};
+    }
+    void bind() const { write("driver/1e630000.spi", ""); }
+    /// What the driver was told, and the line was set to, in order. Each request of a line sets it twice.
+    std::vector<std::string> events()
+    {
+        happened.push_back(told());
+        happened.erase(std::unique(happened.begin(), happened.end()), happened.end());
+        return std::exchange(happened, {});
+    }
+    std::string told() const
+    {
+        return "bind " + contents(path("driver/bind")) + " unbind " + contents(path("driver/unbind"));
+    }
+
+private:
+    std::vector<std::string> happened;
+};
+
+using order = std::vector<std::string>;
+
+TEST_F(flash_driver, gets_the_device_once_the_flash_is_the_controllers)
+{
+    EXPECT_EQ(set_bios_owner(1), 0);
+    EXPECT_EQ(events(), (order{"bind  unbind  owner 1", "bind 1e630000.spi unbind "}));
+}
+
+TEST_F(flash_driver, loses_the_device_before_the_flash_is_the_hosts)
+{
+    bind();
+    EXPECT_EQ(set_bios_owner(0), 0);
+    EXPECT_EQ(events(), (order{"bind  unbind 1e630000.spi owner 0", "bind  unbind 1e630000.spi"}));
+}
+
+TEST_F(flash_driver, is_told_nothing_new)
+{
+    EXPECT_EQ(set_bios_owner(0), 0);
+    bind();
+    EXPECT_EQ(set_bios_owner(1), 0);
+    EXPECT_EQ(told(), "bind  unbind ");
+}
+
+TEST_F(flash_driver, that_does_not_take_the_device_gives_the_flash_back)
+{
+    fs::remove(path("driver/bind"));
+    EXPECT_EQ(set_bios_owner(1), -1);
+    EXPECT_EQ(fake.levels, (levels{{12, 0}}));
+}
+
+TEST_F(flash_driver, that_keeps_the_device_is_a_failure_and_the_flash_is_the_hosts)
+{
+    bind();
+    ASSERT_EQ(set_bios_owner(1), 0);
+    fs::remove(path("driver/unbind"));
+    EXPECT_EQ(set_bios_owner(0), -1);
+    EXPECT_EQ(fake.levels, (levels{{12, 0}}));
+}
+
+TEST_F(flash_driver, has_the_device_while_the_flash_is_read)
+{
+    bool signals_waited = false;
+    fake.when_gpio_is_set = [&, before = fake.when_gpio_is_set](int value) {
+        before(value);
+        sigset_t blocked;
+        sigprocmask(SIG_SETMASK, nullptr, &blocked);
+        signals_waited = sigismember(&blocked, SIGINT) == 1 && sigismember(&blocked, SIGTERM) == 1;
+        if (value == 1)
+            bind();  // as the kernel does once it is told
+    };
+    ASSERT_GE(get_bios(path("bios.bin").c_str(), block), 0);
+    EXPECT_EQ(contents(path("bios.bin")), old_flash.substr(0, block));
+    EXPECT_EQ(fake.levels, (levels{{12, 0}}));
+    EXPECT_TRUE(signals_waited);
+    sigset_t blocked;
+    sigprocmask(SIG_SETMASK, nullptr, &blocked);
+    EXPECT_EQ(sigismember(&blocked, SIGINT), 0);
+}
+
+TEST_F(flash_driver, that_has_the_device_already_keeps_it_when_the_flash_is_read)
+{
+    bind();
+    ASSERT_GE(get_bios(path("bios.bin").c_str(), block), 0);
+    EXPECT_EQ(events(), (order{"bind  unbind "}));
+    EXPECT_EQ(fake.levels, levels());
+}
+
+TEST_F(flash_driver, that_cannot_be_had_leaves_nothing_read)
+{
+    fs::remove(path("driver/bind"));
+    EXPECT_LT(get_bios(path("bios.bin").c_str(), block), 0);
+    EXPECT_FALSE(fs::exists(path("bios.bin")));
+    EXPECT_EQ(fake.levels, (levels{{12, 0}}));
+    board_says("/dev/gpiochip3 12", "bios_flash_device = 1e630000.spi\n");
+    EXPECT_LT(get_bios(path("bios.bin").c_str(), block), 0) << "no driver named";
+}
+
+TEST_F(flash_driver, a_flash_that_cannot_be_read_is_given_back)
+{
+    fake.mtd_path = path("none");
+    EXPECT_LT(get_bios(path("bios.bin").c_str(), block), 0);
+    EXPECT_EQ(fake.levels, (levels{{12, 0}}));
 }
 
 }  // namespace

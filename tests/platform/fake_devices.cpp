@@ -4,6 +4,7 @@
 #include <cstdarg>
 #include <cstring>
 #include <fcntl.h>
+#include <linux/gpio.h>
 #include <linux/i2c-dev.h>
 #include <linux/i2c.h>
 #include <mtd/mtd-user.h>
@@ -55,13 +56,90 @@ static int tell_about(int fd, mtd_info_user *about)
 
 static int erase(int fd, const erase_info_user &range)
 {
-    if (fake.erase_fails || range.start % fake.erase_size != 0 || range.length != fake.erase_size) {
+    if (fake.erase_fails || fake.is_locked || range.start % fake.erase_size != 0 ||
+        range.length % fake.erase_size != 0) {
         errno = EIO;
         return -1;
     }
-    ++fake.erased;
+    ++fake.erase_calls;
+    fake.erased += int(range.length / fake.erase_size);
     const std::string blank(range.length, '\xFF');
     return pwrite(fd, blank.data(), blank.size(), range.start) == ssize_t(blank.size()) ? 0 : -1;
+}
+
+static int unlock(int fd, const erase_info_user &range)
+{
+    mtd_info_user about;
+    tell_about(fd, &about);
+    if (!fake.is_locked || (!fake.part_can_be_unlocked && range.length != about.size)) {
+        errno = fake.is_locked ? EINVAL : EOPNOTSUPP;
+        return -1;
+    }
+    fake.is_locked = false;
+    return 0;
+}
+
+static int flash_request(int fd, unsigned long request, void *argument)
+{
+    if (request == MEMGETINFO)
+        return tell_about(fd, static_cast<mtd_info_user *>(argument));
+    if (request == MEMERASE)
+        return erase(fd, *static_cast<erase_info_user *>(argument));
+    if (request == MEMUNLOCK)
+        return unlock(fd, *static_cast<erase_info_user *>(argument));
+    errno = EOPNOTSUPP;
+    return -1;
+}
+
+// One line is held at a time; what it is, the request said.
+static unsigned gpio_line;
+static bool gpio_is_active_low;
+
+static bool is_gpio_held()
+{
+    for (int fd = 3; fd < 64; ++fd) {
+        if (is_file(fd, fake.gpio_line_path))
+            return true;
+    }
+    return false;
+}
+
+static void set_level(int value)
+{
+    if (!fake.gpio_is_stuck)
+        fake.levels[gpio_line] = gpio_is_active_low ? 1 - value : value;
+    fake.when_gpio_is_set(value);
+}
+
+static int request_line(gpio_v2_line_request &request)
+{
+    const gpio_v2_line_config &config = request.config;
+    if (is_gpio_held()) {
+        errno = EBUSY;
+        return -1;
+    }
+    if (request.num_lines != 1 || request.offsets[0] >= 32 || (config.flags & GPIO_V2_LINE_FLAG_OUTPUT) == 0 ||
+        config.num_attrs != 1 || config.attrs[0].attr.id != GPIO_V2_LINE_ATTR_ID_OUTPUT_VALUES ||
+        config.attrs[0].mask != 1) {
+        errno = EINVAL;
+        return -1;
+    }
+    gpio_line = request.offsets[0];
+    gpio_is_active_low = (config.flags & GPIO_V2_LINE_FLAG_ACTIVE_LOW) != 0;
+    set_level(int(config.attrs[0].attr.values));
+    request.fd = openat(AT_FDCWD, fake.gpio_line_path.c_str(), O_RDWR | O_CLOEXEC);
+    return request.fd >= 0 ? 0 : -1;
+}
+
+static int line_request(unsigned long request, gpio_v2_line_values &values)
+{
+    if (request == GPIO_V2_LINE_SET_VALUES_IOCTL && values.mask == 1)
+        set_level(int(values.bits));
+    else if (request == GPIO_V2_LINE_GET_VALUES_IOCTL && values.mask == 1)
+        values.bits = unsigned(gpio_is_active_low ? 1 - fake.levels[gpio_line] : fake.levels[gpio_line]);
+    else
+        errno = EINVAL;
+    return values.mask == 1 ? 0 : -1;
 }
 
 static constexpr char board_file[] = "/data/linux-board.conf", operation_log[] = "/data/log/operation.log";
@@ -80,6 +158,8 @@ extern "C" {
         path = fake.i2c_path.c_str();
     if (!fake.mtd_path.empty() && strcmp(path, "/dev/mtd6") == 0)
         path = fake.mtd_path.c_str();
+    if (!fake.gpio_path.empty() && strcmp(path, "/dev/gpiochip3") == 0)
+        path = fake.gpio_path.c_str();
     if (strcmp(path, board_file) == 0)
         path = fake.board_file.c_str();
     if (strcmp(path, operation_log) == 0)
@@ -134,14 +214,12 @@ int __open_2(const char *path, int flags) { return open(path, flags); }
     va_end(more);
     if (request == I2C_RDWR && is_file(fd, fake.i2c_path))
         return transfer(*static_cast<i2c_rdwr_ioctl_data *>(argument));
-    if (is_file(fd, fake.mtd_path)) {
-        if (request == MEMGETINFO)
-            return tell_about(fd, static_cast<mtd_info_user *>(argument));
-        if (request == MEMERASE)
-            return erase(fd, *static_cast<erase_info_user *>(argument));
-        errno = EOPNOTSUPP;
-        return -1;
-    }
+    if (is_file(fd, fake.mtd_path))
+        return flash_request(fd, request, argument);
+    if (request == GPIO_V2_GET_LINE_IOCTL && is_file(fd, fake.gpio_path))
+        return request_line(*static_cast<gpio_v2_line_request *>(argument));
+    if (is_file(fd, fake.gpio_line_path))
+        return line_request(request, *static_cast<gpio_v2_line_values *>(argument));
     return int(syscall(SYS_ioctl, fd, request, argument));
 }
 }
