@@ -8,8 +8,6 @@ import subprocess
 import sys
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
-ROOMS = ("cli", "chassis", "network", "snmp", "user", "sensor", "sel", "ipmi", "oplog", "ui", "system")
-FOLDERS = tuple(f"cfgtool/{room}" for room in ROOMS)
 # Played when no transcript notices: what is linked anew, and how it is run. The grid plays its runs without a fault
 # and sees what is not given back; the terminal tests see signals between two keys.
 SECOND_LINE = {
@@ -21,16 +19,6 @@ SECOND_LINE = {
     ),
 }
 WITHOUT = ("-Werror", "-Wall", "-Wextra", "-Wconversion", "-Wshadow", "-Wformat=2")
-
-
-def sources():
-    """The tool's files, relative to the repository."""
-    return sorted(
-        f"{folder}/{name}"
-        for folder in FOLDERS
-        for name in os.listdir(f"{ROOT}/{folder}")
-        if name.endswith((".cpp", ".h"))
-    )
 
 
 def text_of(source):

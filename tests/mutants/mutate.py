@@ -20,10 +20,13 @@ import resource
 import signal
 import sys
 
-from build import SECOND_LINE, Build, Workshop, sources, text_of
+from build import ROOT, SECOND_LINE, Build, Workshop, text_of
 from equivalent import EQUIVALENT
 from places import File
 from runs import Reach, all_runs
+
+sys.path.insert(0, f"{ROOT}/scripts")
+from rooms import sources  # noqa: E402
 
 LARGEST_FILE = 1 << 28  # that a mutant may write
 ALLOWED = 0.05  # of the mutants may survive
