@@ -39,9 +39,10 @@ file(RELATIVE_PATH up_from_pkgconfig /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(packaging/zentro-platform.pc.in zentro-platform.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zentro-platform.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)
 
-install(FILES docs/event-table.md docs/installing.md docs/linux-platform.md docs/results.md docs/sel-export.md docs/state.md docs/verdict.md
+install(FILES docs/event-table.md docs/installing.md docs/linux-platform.md docs/sel-export.md docs/state.md docs/status.md docs/verdict.md
         DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT manual)
 install(FILES state/schema.json DESTINATION ${CMAKE_INSTALL_DATADIR}/cfgtool RENAME state.schema.json COMPONENT manual)
+install(FILES verdict/schema.json DESTINATION ${CMAKE_INSTALL_DATADIR}/cfgtool RENAME verdict.schema.json COMPONENT manual)
 install(FILES ipmcd/disk/data/cli.conf packaging/examples/blacklist
         DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT manual)
 

@@ -5,19 +5,38 @@
 
 #include <algorithm>
 
-static constexpr int format_version = 1;
+static constexpr int format_version = 2;
 
-/// The pieces of a text between separators as a JSON array, those in front of the last separator.
-static void print_pieces(FILE *out, std::string_view text, char separator)
+/// The lines of a text as a JSON array; each ends in a line feed.
+static void print_lines(FILE *out, std::string_view text)
 {
     fputc('[', out);
     for (bool is_first = true; !text.empty(); is_first = false) {
-        const size_t end = std::min(text.find(separator), text.size());
+        const size_t end = std::min(text.find('\n'), text.size());
         fputs(is_first ? "" : ", ", out);
         print_json(out, {text.data(), end});
         text.remove_prefix(std::min(end + 1, text.size()));
     }
     fputc(']', out);
+}
+
+static const char *name_of(verdict result)
+{
+    switch (result) {
+    case verdict::done:
+        return "done";
+    case verdict::failed:
+        return "failed";
+    case verdict::refused:
+        return "refused";
+    case verdict::no_answer:
+        return "no_answer";
+    case verdict::timed_out:
+        return "timed_out";
+    case verdict::unknown:
+        break;
+    }
+    return "unknown";
 }
 
 static void print_words(FILE *out, char *const *words)
@@ -38,10 +57,13 @@ static void print_or_null(FILE *out, std::string_view text)
         print_json(out, text);
 }
 
-static void print_error(FILE *out, verdict result, const reading &said)
+/// Whether a sentence decided.
+static bool has_sentence(verdict result) { return result != verdict::unknown && result != verdict::timed_out; }
+
+static void print_error(FILE *out, verdict result, const status_reader &said)
 {
     uint32_t code;
-    if (result == verdict::unknown || !find_error_code(said.sentence(), said.code(), code)) {
+    if (!has_sentence(result) || !said.error_code(code)) {
         fputs("null", out);
         return;
     }
@@ -56,35 +78,26 @@ static void print_error(FILE *out, verdict result, const reading &said)
     fputc('}', out);
 }
 
-static const char *events_of(const finished_run &run)
-{
-    if (run.which == nullptr)
-        return "";
-    if (run.result == verdict::done)
-        return run.which->done_events;
-    return run.result == verdict::refused ? run.which->refused_events : run.which->all_events;
-}
-
-void print_document(FILE *out, const finished_run &run, const reading &said)
+void print_document(FILE *out, const finished_run &run, const status_reader &said)
 {
     fprintf(out, "{\"format\": %d,\n \"words\": ", format_version);
     print_words(out, run.words);
     fputs(",\n \"target\": ", out);
-    print_or_null(out, run.which != nullptr ? run.which->target : "");
+    print_or_null(out, said.target());
     fputs(",\n \"dataitem\": ", out);
-    print_or_null(out, run.which != nullptr ? run.which->dataitem : "");
+    print_or_null(out, said.dataitem());
     fprintf(out, ",\n \"verdict\": \"%s\",\n \"sentence\": ", name_of(run.result));
-    print_or_null(out, run.result != verdict::unknown ? said.sentence() : "");
+    print_or_null(out, has_sentence(run.result) ? said.sentence() : "");
     fputs(",\n \"error\": ", out);
     print_error(out, run.result, said);
     fputs(",\n \"event_codes\": ", out);
-    print_pieces(out, events_of(run), ' ');
+    print_lines(out, said.event_codes());
     fputs(",\n \"signal\": ", out);
     if (run.signal != 0)
         fprintf(out, "%d", run.signal);
     else
         fputs("null", out);
     fputs(",\n \"lines\": ", out);
-    print_pieces(out, said.kept_lines(), '\n');
+    print_lines(out, said.lines());
     fprintf(out, ",\n \"lines_left_out\": %lu}\n", said.lines_left_out());
 }

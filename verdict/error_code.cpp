@@ -2,27 +2,7 @@
 
 #include "ipmi/code_text.h"
 
-#include <algorithm>
-#include <cstdlib>
-#include <cstring>
 #include <span>
-
-bool find_error_code(std::string_view sentence, code_shape form, uint32_t &code)
-{
-    static constexpr std::string_view decimal_mark = "g_error_code=", hexadecimal_mark = "0x";
-    if (form == code_shape::none)
-        return false;
-    const std::string_view mark = form == code_shape::decimal ? decimal_mark : hexadecimal_mark;
-    const size_t at = sentence.rfind(mark);  // a word that was typed may stand before it
-    if (at == std::string_view::npos)
-        return false;
-    char digits[16]{};
-    sentence.remove_prefix(at + mark.size());
-    memcpy(digits, sentence.data(), std::min(sentence.size(), sizeof digits - 1));
-    code =
-        form == code_shape::decimal ? uint32_t(strtoll(digits, nullptr, 10)) : uint32_t(strtoull(digits, nullptr, 16));
-    return true;
-}
 
 static constexpr char no_reason[] = "no reason is known";
 

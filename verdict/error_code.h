@@ -1,13 +1,7 @@
 /// The error codes of the tool's sentences.
 #pragma once
 
-#include "verdict/verdict.h"
-
 #include <cstdint>
-#include <string_view>
-
-/// The code in a sentence. False = there is none.
-bool find_error_code(std::string_view sentence, code_shape form, uint32_t &code);
 
 /// What a code is made of. A reason of the tool's own has a text only, and so has 0.
 struct error_parts {

@@ -1,30 +1,40 @@
 #include "verdict/document.h"
-#include "verdict/running.h"
-#include "verdict/table.h"
+#include "verdict/run.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <string_view>
+#include <sys/prctl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 static constexpr int status_no_work = 4, status_of_signal = 128;
 
+static constexpr char version[] = "cfgtool-verdict " CFGTOOL_VERSION "\n";
 static constexpr char help[] =
-    "Usage: cfgtool-verdict [--json FILE] [--tool PATH] [--] [-t target] -d dataitem [-v value ...]\n"
-    "Runs cfgtool with these words and tells how that ended, as one JSON document and as its exit status.\n"
-    "  --json FILE  write the document to FILE, and the text of cfgtool to standard output;\n"
-    "               otherwise the document goes to standard output and the text to standard error\n"
-    "  --tool PATH  run this program; otherwise cfgtool beside cfgtool-verdict, or where programs are looked for\n"
+    "Usage: cfgtool-verdict [OPTION ...] [--] [-t target] -d dataitem [-v value ...]\n"
+    "Runs cfgtool with these arguments and reports how that ended, as one JSON document and as its exit status.\n"
+    "  --json FILE   write the document to FILE, and the text of cfgtool to standard output;\n"
+    "                otherwise the document goes to standard output and the text to standard error\n"
+    "  --yes         answer every question with y; without it and without a terminal the answer is n\n"
+    "  --secrets FD  read hidden words from this descriptor, one a line; not from a terminal\n"
+    "  --timeout S   end cfgtool after S seconds\n"
+    "  --tool PATH   run this program; otherwise cfgtool beside cfgtool-verdict, or from the PATH\n"
+    "  --version     show the version\n"
     "Exit status:\n"
     "  0            done\n"
-    "  1            failed: something was tried and did not succeed, or not wholly\n"
+    "  1            failed: something was tried and did not succeed, or only in part\n"
     "  2            refused: nothing was tried, and cfgtool said why\n"
-    "  3            unknown: cfgtool said nothing that tells\n"
-    "  4            cfgtool could not be run, the document not be written, or an option is unknown\n"
+    "  3            unknown: cfgtool did not say how it ended\n"
+    "  4            cfgtool could not be run, the document not be written, or an option is wrong\n"
+    "  5            no answer from the controller\n"
+    "  6            timed out\n"
     "  128 + N      signal N ended cfgtool\n";
 
 /// Control characters, which a file name may have, show escaped; those of the second kind, U+0080 to U+009F, are C2 80
@@ -52,30 +62,79 @@ static int fail(const char *what, const char *why)
 
 struct options {
     const char *json = nullptr, *tool = nullptr;
-    bool help = false;
-    char **words;  // the tool's, behind our own
+    bool help = false, version = false, answers_yes = false;
+    int secrets = -1;
+    unsigned timeout_s = 0;
+    char **words;  // the tool's own, which follow the options
 };
 
-/// False = told why not.
+/// -1 = not a decimal number from 0 to `most`.
+static long number_of(const char *text, long most)
+{
+    char *end;
+    if (*text < '0' || *text > '9')
+        return -1;
+    const long number = strtol(text, &end, 10);
+    return *end == '\0' && number <= most ? number : -1;
+}
+
+/// Null, or why hidden words cannot be read from there.
+static const char *take_secrets(const char *text, int &descriptor)
+{
+    descriptor = int(number_of(text, INT_MAX));
+    const int mode = descriptor >= 0 ? fcntl(descriptor, F_GETFL) : -1;
+    if (mode == -1 || (mode & O_ACCMODE) == O_WRONLY)
+        return "not a descriptor that can be read";
+    if (isatty(descriptor) == 1)
+        return "hidden words are not read from a terminal: leave this option out and type them";
+    return nullptr;
+}
+
+/// Null, or what is wrong with the value of an option that has one.
+static const char *take_value(std::string_view name, const char *value, options &taken)
+{
+    static constexpr long longest_timeout_s = 10'000'000;
+    if (name == "--json") {
+        taken.json = value;
+    } else if (name == "--tool") {
+        taken.tool = value;
+    } else if (name == "--secrets") {
+        return take_secrets(value, taken.secrets);
+    } else {
+        const long seconds = number_of(value, longest_timeout_s);
+        if (seconds < 1)
+            return "a number of seconds is needed";
+        taken.timeout_s = unsigned(seconds);
+    }
+    return nullptr;
+}
+
+/// False = said why not.
 static bool take_options(char **words, options &taken)
 {
-    for (; words[0] != nullptr && strncmp(words[0], "--", 2) == 0; words += 2) {
-        if (words[0][2] == '\0') {
+    static constexpr std::string_view with_value[] = {"--json", "--tool", "--secrets", "--timeout"};
+    for (; words[0] != nullptr && strncmp(words[0], "--", 2) == 0; ++words) {
+        const std::string_view name = words[0];
+        if (name == "--") {
             ++words;
             break;
         }
-        const char **const value = strcmp(words[0], "--json") == 0   ? &taken.json
-                                   : strcmp(words[0], "--tool") == 0 ? &taken.tool
-                                                                     : nullptr;
-        taken.help = strcmp(words[0], "--help") == 0;
-        if (taken.help)
+        taken.help |= name == "--help";
+        taken.version |= name == "--version";
+        taken.answers_yes |= name == "--yes";
+        if (name == "--help" || name == "--version")
             return true;
-        if (value == nullptr || words[1] == nullptr) {
-            fail(words[0],
-                 value == nullptr ? "unknown option; see cfgtool-verdict --help" : "a word is missing behind it");
+        if (name == "--yes")
+            continue;
+        const char *complaint = "unknown option; see cfgtool-verdict --help";
+        if (std::find(std::begin(with_value), std::end(with_value), name) != std::end(with_value)) {
+            ++words;
+            complaint = words[0] != nullptr ? take_value(name, words[0], taken) : "a value is missing";
+        }
+        if (complaint != nullptr) {
+            fail(name.data(), complaint);
             return false;
         }
-        *value = words[1];
     }
     taken.words = words;
     return true;
@@ -101,26 +160,37 @@ static const char *find_tool()
 
 static int exit_status(const ending &end, verdict result)
 {
-    return WIFSIGNALED(end.status) ? status_of_signal + WTERMSIG(end.status) : int(result);
+    return WIFSIGNALED(end.status) && !end.timed_out ? status_of_signal + WTERMSIG(end.status) : int(result);
 }
 
 static int run(const options &taken, FILE *document)
 {
-    static reading said;
+    static status_reader said;
     static char tool_name[] = "cfgtool";
     char **const words = taken.words - 1;  // ours or an option's, in whose place the tool's own name goes
     words[0] = tool_name;
-    const char *const program = taken.tool != nullptr ? taken.tool : find_tool();
-    const ending end = run_tool(program, words, taken.json != nullptr ? STDOUT_FILENO : STDERR_FILENO, said);
+    const orders given{.program = taken.tool != nullptr ? taken.tool : find_tool(),
+                       .words = words,
+                       .screen = taken.json != nullptr ? STDOUT_FILENO : STDERR_FILENO,
+                       .answers_yes = taken.answers_yes,
+                       .secrets = taken.secrets,
+                       .timeout_s = taken.timeout_s};
+    if (given.secrets >= 0) {
+        prctl(PR_SET_DUMPABLE, 0);
+        fcntl(given.secrets, F_SETFD, FD_CLOEXEC);
+    }
+    const ending end = run_tool(given, said);
     if (end.error != 0)
-        return fail(program, strerror(end.error));
+        return fail(given.program, strerror(end.error));
+    if (end.why != nullptr)
+        fail("--secrets", end.why);
 
-    const command *const which = find_command(taken.words);
     const bool ran = WIFEXITED(end.status) && WEXITSTATUS(end.status) == 0;
-    const verdict result = said.finish(ran, which);
+    const verdict found = said.finish(ran);
+    const verdict result = end.timed_out ? verdict::timed_out : found;
     if (taken.json != nullptr)
-        (void)!ftruncate(fileno(document), 0);  // what can be longer than what comes can be cut
-    print_document(document, {taken.words, which, result, WIFSIGNALED(end.status) ? WTERMSIG(end.status) : 0}, said);
+        (void)!ftruncate(fileno(document), 0);
+    print_document(document, {taken.words, result, WIFSIGNALED(end.status) ? WTERMSIG(end.status) : 0}, said);
     return exit_status(end, result);
 }
 
@@ -134,8 +204,8 @@ static void fill_standard_descriptors()
             (void)open("/dev/null", O_RDWR);
 }
 
-/// Opened before anything is done; what it held is there until the new document is. A link could lead to any file, and
-/// a FIFO would wait for a reader: both may be somebody else's. Null = said why not.
+/// Opened before anything is done; what it held stays until the new document is written. A link could lead to any file,
+/// and a FIFO would wait for a reader: both may be somebody else's. Null = said why not.
 static FILE *open_document(const char *path)
 {
     struct stat about;
@@ -156,8 +226,8 @@ int main(int, char **argv)
     options taken{};
     if (!take_options(argv + 1, taken))
         return status_no_work;
-    if (taken.help)
-        return fputs(help, stdout) >= 0 && fflush(stdout) == 0 ? 0 : status_no_work;
+    if (taken.help || taken.version)
+        return fputs(taken.help ? help : version, stdout) >= 0 && fflush(stdout) == 0 ? 0 : status_no_work;
     FILE *const document = taken.json != nullptr ? open_document(taken.json) : stdout;
     if (document == nullptr)
         return status_no_work;

@@ -124,14 +124,6 @@ class Check(unittest.TestCase):
             ["get_sensor_type_name", "is never null"]])
         self.assertIn(" 8 broken,", text.splitlines()[-1])
 
-    def test_does_not_blame_the_library_for_an_emulator(self):
-        self.environment["EMULATED"] = "yes"
-        _, text, _ = self.run_check(ARGUMENTS.broken)
-        for call in ("vos_system", "vos_environ_system"):
-            self.assertIn(f"not tried: {call}: this system, perhaps an emulator, ", text)
-        self.assertNotIn("a program that is not there", text)
-        self.assertIn("ok: vos_environ_system: gives the exit status", text)
-
     def test_explains_its_options(self):
         status, text, errors = self.run_check(ARGUMENTS.check, "--wrong\x1b[2J")
         self.assertEqual((status, text), (2, ""))
