@@ -10,12 +10,14 @@
 #include "ipmcd/state_keeper.h"
 #include "ipmcd/text.h"
 #include "ipmcd/trace.h"
+#include "ipmcd/wiping.h"
 
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <ctime>
 #include <stdexcept>
+#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -94,6 +96,8 @@ static void serve(const options &chosen)
 
 int main(int argc, char **argv)
 {
+    prctl(PR_SET_DUMPABLE, 0);  // no core file with passwords, no debugger of the same user
+    wipe_heap_of_events();
     try {
         const options chosen = parse_options(argc, argv);
         if (chosen.help) {

@@ -3,6 +3,7 @@
 #include "ipmcd/control.h"
 #include "ipmcd/service.h"
 #include "ipmcd/text.h"
+#include "ipmcd/wiping.h"
 
 #include <array>
 #include <csignal>
@@ -114,6 +115,7 @@ void ipmi_port::work()
     for (size_t i = 0; i < served_in_a_row && !waiting.empty(); i++)
         serve(*waiting.next());
     is_serving = false;
+    wipe_stack();
     if (!waiting.empty())
         next_turn->start(std::chrono::milliseconds(0));  // other events first
 }
@@ -255,11 +257,13 @@ void control_port::answer_lines(bufferevent *client)
         const json answer = commands.answer({line, length});
         // Words of the line may come back in an error text, whatever bytes they are made of: all but ASCII is escaped.
         const std::string sent = answer.dump(-1, ' ', true, json::error_handler_t::replace) + "\n";
+        explicit_bzero(line, length);
         free(line);
         evbuffer_add(out, sent.data(), sent.size());
         if (evbuffer_get_length(out) > most_unread)
             return end(client);
     }
+    wipe_stack();
     if (evbuffer_get_length(in) > longest_line)
         end(client);
 }

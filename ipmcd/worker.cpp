@@ -1,5 +1,7 @@
 #include "ipmcd/worker.h"
 
+#include "ipmcd/wiping.h"
+
 #include <cerrno>
 #include <csignal>
 #include <cstring>
@@ -58,6 +60,7 @@ void worker::work(const std::stop_token &end)
             taken.failed = std::current_exception();
         }
         taken.work = nullptr;  // with what it had captured
+        wipe_stack();
         hold.lock();
         done.push_back(std::move(taken));
         eventfd_write(any_done.get(), 1);

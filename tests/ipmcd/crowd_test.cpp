@@ -162,6 +162,59 @@ TEST_F(crowd, no_account_locks_out_another)
     EXPECT_EQ(connect().ask(check_password("admin", right)).value_or(bytes(7)).at(code_at), 0x00);
 }
 
+/// Whether a text is anywhere in what a process may write to.
+static bool has_in_memory(pid_t process, const std::string &wanted)
+{
+    std::ifstream maps(text("/proc/%d/maps", int(process)));
+    const descriptor memory(open(text("/proc/%d/mem", int(process)).c_str(), O_RDONLY | O_CLOEXEC));
+    EXPECT_GE(memory.get(), 0);
+    size_t seen = 0;
+    for (std::string line; std::getline(maps, line);) {
+        unsigned long from = 0, to = 0;
+        char may_write = '-';
+        if (sscanf(line.c_str(), "%lx-%lx r%c", &from, &to, &may_write) != 3 || may_write != 'w')
+            continue;
+        std::string content(to - from, '\0');
+        const ssize_t got = pread(memory.get(), content.data(), content.size(), off_t(from));
+        content.resize(got > 0 ? size_t(got) : 0);
+        seen += content.size();
+        if (content.find(wanted) != std::string::npos)
+            return true;
+    }
+    EXPECT_GT(seen, 100000U);
+    return false;
+}
+
+/// The kernel gives what /proc tells of a process that cannot be dumped to root.
+TEST_F(crowd, nobody_of_the_same_account_can_look_into_it)
+{
+    constexpr uid_t nobody = 65534;
+    std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
+    process running(with_folder(), errors, geteuid() == 0 ? nobody : geteuid());
+    if (!running.says_ready())
+        GTEST_SKIP() << "another account may not run " << IPMCD_BINARY;
+    struct stat seen {
+    };
+    ASSERT_EQ(stat(text("/proc/%d/maps", int(running.id())).c_str(), &seen), 0);
+    EXPECT_EQ(seen.st_uid, 0U);
+}
+
+TEST_F(crowd, no_password_stays_in_memory)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "nobody else may look";
+    const auto running = start();
+    EXPECT_EQ(ask(R"(set /users/6 {"name": "six", "password": "Tea-time4", "enabled": true})"), "0 {\"ok\":true}\n");
+    EXPECT_EQ(ask(R"(set /users/6/password Milk-jug7)").substr(0, 1), "1");  // no JSON
+    client other = connect();
+    EXPECT_EQ(other.ask(check_password("six", "Tea-time4")).value_or(bytes(7)).at(code_at), 0x00);
+    EXPECT_EQ(other.ask(check_password("six", "Sugar-pot8")).value_or(bytes(7)).at(code_at), 0x82);
+    EXPECT_EQ(other.ask(set_fan_level_60), level_set);
+    EXPECT_TRUE(has_in_memory(running->id(), ipc));  // where to look for
+    for (const char *const password : {"Tea-time4", "Milk-jug7", "Sugar-pot8"})
+        EXPECT_FALSE(has_in_memory(running->id(), password)) << password;
+}
+
 /// All of them at once.
 TEST_F(crowd, works_on_whoever_misbehaves)
 {

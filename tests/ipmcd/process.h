@@ -64,7 +64,7 @@ inline std::string read_all(int fd)
 class process
 {
 public:
-    process(std::vector<std::string> words, const std::filesystem::path &errors)
+    process(std::vector<std::string> words, const std::filesystem::path &errors, uid_t account = geteuid())
     {
         int out[2];
         if (pipe2(out, O_CLOEXEC) != 0)
@@ -79,6 +79,8 @@ public:
             const int error_file = open(errors.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
             dup2(out[1], STDOUT_FILENO);
             dup2(error_file, STDERR_FILENO);
+            if (account != geteuid() && setresuid(account, account, account) != 0)
+                _exit(127);
             execv(IPMCD_BINARY, vector.data());
             _exit(127);
         }
@@ -102,6 +104,7 @@ public:
         return poll(&waiting, 1, int(std::chrono::milliseconds(patience).count())) == 1 &&
                read(output.get(), buffer.data(), buffer.size()) == 6 && std::string(buffer.data(), 6) == "ready\n";
     }
+    pid_t id() const { return child; }
     void signal(int number) const { kill(child, number); }
     /// What it still printed; afterwards `status` is its exit status, or minus the signal that ended it.
     std::string end()
