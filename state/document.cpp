@@ -7,12 +7,28 @@
 #include <cstring>
 #include <new>
 
-/// Memory is given back by the end of the run.
+/// Memory of the document, taken in blocks. It is given back by the end of the run.
+struct block {
+    block *before;
+    alignas(node) char bytes[4000];
+};
+static block *last_block;
+static size_t used = sizeof last_block->bytes;  // of the last block
+
+/// A value or a text; both are far smaller than a block.
 static void *take(size_t size)
 {
-    void *const memory = calloc(1, size);
-    if (memory == nullptr)
-        give_up("out of memory");
+    size = (size + alignof(node) - 1) & ~(alignof(node) - 1);
+    if (used + size > sizeof last_block->bytes) {
+        auto *const added = static_cast<block *>(calloc(1, sizeof(block)));
+        if (added == nullptr || size > sizeof added->bytes)
+            give_up("out of memory");
+        added->before = last_block;
+        last_block = added;
+        used = 0;
+    }
+    void *const memory = last_block->bytes + used;
+    used += size;
     return memory;
 }
 

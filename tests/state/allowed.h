@@ -1,9 +1,11 @@
-/// The requests that cfgtool-state may send, byte by byte. Whatever else it sends is a mistake: it never changes
-/// anything.
+/// The requests that cfgtool-state may send, from the file allowed-requests beside this one.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
-#include <set>
+#include <fstream>
+#include <sstream>
+#include <string>
 #include <vector>
 
 namespace allowed
@@ -11,44 +13,52 @@ namespace allowed
 
 using bytes = std::vector<uint8_t>;  // network function, command, data
 
-/// All that depends on nothing.
-inline std::set<bytes> make_list()
-{
-    std::set<bytes> all = {
-        {0x06, 0x01},                          // Get Device ID
-        {0x00, 0x01},                          // Get Chassis Status
-        {0x00, 0x09, 0x05, 0x00, 0x00},        // Get System Boot Options: flags
-        {0x00, 0x09, 0x62, 0x00, 0x00},        // shutdown time-out
-        {0x00, 0x09, 0x63, 0x00, 0x00},        // BIOS write protection
-        {0x30, 0x91, 0xD9, 0x7E, 0x00, 0x02},  // Get Fan Mode
-        {0x2C, 0x16, 0x00, 0x00},              // Get Fan Level
-        {0x2C, 0x05, 0x00, 0x00},              // Get FRU LED Properties
-        {0x0A, 0x48},                          // Get SEL Time
-        {0x0A, 0x5C},                          // Get SEL Time UTC Offset
-        {0x0A, 0x40},                          // Get SEL Info
-        {0x30, 0x16, 0xD9, 0x7E, 0x00},        // Get NIC Port Count
-        {0x0C, 0x02, 0x01, 0xC1, 0x00, 0x00},  // Get LAN Configuration Parameters: trap destinations
-        {0x0C, 0x02, 0x01, 0xC2, 0x00, 0x00},  // traps
-        {0x0C, 0x02, 0x01, 0xC3, 0x00, 0x00},  // trap version
-        {0x0C, 0x02, 0x01, 0xC4, 0x00, 0x00},  // trap severity
+struct pattern {
+    std::string when;  // "whole", "then", or nothing
+    struct range {
+        uint8_t first, last;
     };
-    for (const uint8_t selector : bytes{0x03, 0x04, 0x05, 0x06, 0x0C, 0x14, 0xCC, 0xCD, 0xCE, 0xD0, 0xD7})
-        all.insert({0x0C, 0x02, 0x01, selector, 0x00, 0x00});
-    for (uint8_t destination = 1; destination <= 4; ++destination) {
-        all.insert({0x0C, 0x02, 0x01, 0xC0, destination, 0x00});
-        all.insert({0x0C, 0x02, 0x01, 0xD1, destination, 0x00});
+    std::vector<range> each;
+
+    bool fits(const bytes &request) const
+    {
+        return std::equal(each.begin(), each.end(), request.begin(), request.end(),
+                          [](const range &any, uint8_t byte) { return any.first <= byte && byte <= any.last; });
     }
-    for (uint8_t user = 2; user <= 17; ++user) {
-        all.insert({0x06, 0x46, user});        // Get User Name
-        all.insert({0x06, 0x44, 0x01, user});  // Get User Access
-    }
-    for (unsigned led = 0; led <= 0xFB; ++led)
-        all.insert({0x2C, 0x08, 0x00, 0x00, uint8_t(led)});  // Get FRU LED State
-    for (unsigned sensor = 0; sensor <= 0xFF; ++sensor) {
-        all.insert({0x04, 0x2D, uint8_t(sensor)});        // Get Sensor Reading
-        all.insert({0x04, 0x27, uint8_t(sensor)});        // Get Sensor Thresholds
-        all.insert({0x04, 0x25, uint8_t(sensor), 0xFF});  // Get Sensor Hysteresis
-    }
+};
+
+inline uint8_t byte_of(const std::string &word) { return uint8_t(std::stoul(word, nullptr, 16)); }
+
+/// 2C, or 00..FB. False = the words of its name have begun.
+inline bool take(pattern &made, const std::string &word)
+{
+    const bool is_byte = word.size() == 2 && word.find_first_not_of("0123456789ABCDEF") == std::string::npos;
+    if (is_byte)
+        made.each.push_back({byte_of(word), byte_of(word)});
+    else if (word.size() == 6 && word.compare(2, 2, "..") == 0)
+        made.each.push_back({byte_of(word.substr(0, 2)), byte_of(word.substr(4))});
+    else if (made.each.empty())
+        made.when = word;
+    else
+        return false;
+    return true;
+}
+
+inline const std::vector<pattern> &list()
+{
+    static const std::vector<pattern> all = [] {
+        std::vector<pattern> read;
+        std::ifstream file(ALLOWED_REQUESTS);
+        for (std::string line; std::getline(file, line);) {
+            if (line.empty() || line[0] == '#')
+                continue;
+            std::istringstream words(line);
+            pattern &made = read.emplace_back();
+            for (std::string word; words >> word && take(made, word);)
+                ;
+        }
+        return read;
+    }();
     return all;
 }
 
@@ -56,29 +66,20 @@ inline std::set<bytes> make_list()
 class watch
 {
 public:
-    /// `completion` is what comes back for the one before; anything where nothing did.
-    void answered(uint8_t completion) { refused = refused || (was_whole_record && completion != 0); }
-
     bool permits(const bytes &request)
     {
-        static const std::set<bytes> list = make_list();
-        was_whole_record = false;
-        if (list.contains(request))
-            return true;
-        const bool of_repository = request.size() >= 2 && request[0] == 0x0A, of_device = request[0] == 0x04;
-        const bool reads = (of_repository && request[1] == 0x23) || (of_device && request[1] == 0x21);
-        const bool reserves = (of_repository || of_device) && request[1] == 0x22 && request.size() == 2;
-        if (reserves)  // Reserve SDR Repository, Reserve Device SDR Repository
-            return refused;
-        if (!reads || request.size() != 8)
-            return false;
-        was_whole_record = request[2] == 0 && request[3] == 0 && request[6] == 0 && request[7] == 0xFF;
-        return was_whole_record ? !refused : refused;
+        const auto found = std::find_if(list().begin(), list().end(), [&](const pattern &any) {
+            return any.fits(request) && (any.when != "then" || was_refused);
+        });
+        is_whole = found != list().end() && found->when == "whole";
+        return found != list().end();
     }
+    /// The completion code of its answer.
+    void answered(uint8_t completion) { was_refused = was_refused || (is_whole && completion != 0); }
 
 private:
-    bool was_whole_record = false;
-    bool refused = false;  // a record in one piece was
+    bool is_whole = false;     // the request before was for a record in one piece
+    bool was_refused = false;  // such a one
 };
 
 }  // namespace allowed

@@ -140,6 +140,38 @@ class pages(unittest.TestCase):
         self.assertEqual(mentioned, unreadable)
 
 
+class requests(unittest.TestCase):
+    """None but those of allowed-requests; the sweep looks at those of whole runs."""
+
+    def permitted(self):
+        """[(when, a regular expression for a request)]"""
+        for line in (HERE / "allowed-requests").read_text().splitlines():
+            if match := re.match(r"(whole|then)? *((?:[0-9A-F]{2}(?:\.\.[0-9A-F]{2})? *)+)(?:  |$)", line):
+                expression = "".join(self.byte(word) for word in match[2].split())
+                yield match[1], re.compile(expression.encode("latin-1"), re.DOTALL)
+
+    def byte(self, word):
+        first, _, last = word.partition("..")
+        return rf"[\x{first}-\x{last or first}]"
+
+    def test_of_every_transcript_are_permitted(self):
+        permitted = list(self.permitted())
+        self.assertGreater(len(permitted), 40)
+        count = 0
+        for path in sorted((HERE / "transcripts").glob("*.t")):
+            was_refused = False
+            for line in path.read_text().splitlines():
+                if not (match := re.match(r"> ([0-9A-F ]+?) +< (\S+)", line)):
+                    was_refused = was_refused and line.startswith(("call", "sleep"))
+                    continue
+                request = bytes.fromhex(match[1])
+                fitting = [when for when, expression in permitted if expression.fullmatch(request)]
+                self.assertTrue([when for when in fitting if when != "then" or was_refused], line)
+                was_refused = was_refused or ("whole" in fitting and re.match("[0-9A-F]", match[2]) and match[2] != "00")
+                count += 1
+        self.assertGreater(count, 300)
+
+
 CROSSED = "sensors: the table, with a mark where a threshold is crossed"
 
 
