@@ -229,7 +229,7 @@ TEST_F(crowd, works_on_whoever_misbehaves)
     };
 
     for (int i = 0; i < 2; i++)
-        again_and_again([this, silent = std::make_shared<client>(ipc + "/2001")] { silent->send(set_fan_level_60); });
+        again_and_again([silent = std::make_shared<client>(ipc + "/2001")] { silent->send(set_fan_level_60); });
     again_and_again([this] { connect().send(set_fan_level_60); });  // gone before the answer comes
     again_and_again([this] {
         const descriptor unlinked(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0));
