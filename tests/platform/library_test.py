@@ -35,6 +35,13 @@ class Library(unittest.TestCase):
             exported = {line.split()[-1] for line in lines_of("nm", "-D", "--defined-only", library)}
             self.assertEqual(exported, declared)
 
+    def test_has_no_way_to_the_screen(self):
+        """What it has to say goes to the system's log."""
+        needed = {line.split()[-1].split("@")[0] for line in lines_of("nm", "-D", "--undefined-only", ARGUMENTS.library)}
+        self.assertIn("write", needed)
+        self.assertFalse({name for name in needed if re.fullmatch(
+            r"(std(out|err)|(__)?v?(f|d)?printf(_chk)?|(f|_IO_)?put(s|c|char)|fwrite|perror|v?(warn|err)x?|psignal|syslog)", name)})
+
     def test_needs_libc_alone(self):
         dynamic = "\n".join(lines_of("readelf", "-dW", ARGUMENTS.library))
         self.assertEqual(re.findall(r"NEEDED.*\[(.*)\]", dynamic), ["libc.so.6"])
