@@ -20,6 +20,13 @@ int open_file(const char *path, int flags, mode_t mode)
     return file;
 }
 
+mode_t mode_of_new_file()
+{
+    const mode_t mask = umask(0777);  // which cannot be read without being set
+    umask(mask);
+    return 0666 & ~mask;
+}
+
 int open_regular(const char *path)
 {
     const int file = open_file(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK);
@@ -54,14 +61,6 @@ static bool write_whole(int file, std::span<const uint8_t> content)
         content = content.subspan(size_t(put));
     }
     return true;
-}
-
-/// What open() would give a new file: the umask cannot be read without setting it.
-static mode_t mode_of_new_file()
-{
-    const mode_t mask = umask(0777);
-    umask(mask);
-    return 0666 & ~mask;
 }
 
 replaced replace_file(const char *path, std::span<const uint8_t> content)

@@ -1,6 +1,8 @@
 #!/usr/bin/python3
-"""Eight operators add users at the same time, some of them killed on the way: at a desk of its own (DESK_BUILD: the
-programs). No user may get another's slot or be left half made by anybody who was not killed; the lock goes."""
+"""Eight operators add users at the same time, some of them killed on the way, while strangers read-lock the lock's file: at
+a desk of its own (DESK_BUILD: the programs). No user may get another's slot or be left half made by anybody who was not
+killed; nobody waits for a stranger; the lock goes."""
+import fcntl
 import json
 import os
 import pty
@@ -63,6 +65,26 @@ class Operator:
             time.sleep(0.002)
 
 
+def disturb(seed):
+    """A stranger's process: has a read lock on the file as often as it can, now and then until the end."""
+    child = os.fork()
+    if child:
+        return child
+    chance = random.Random(seed)
+    kept = []
+    while True:
+        try:
+            file = os.open(LOCK, os.O_RDONLY)
+            fcntl.lockf(file, chance.choice([fcntl.LOCK_SH, fcntl.LOCK_SH | fcntl.LOCK_NB]), 10, 40)
+            time.sleep(chance.random() / 100)
+            if len(kept) < 50 and chance.random() < 0.3:
+                kept.append(file)
+            else:
+                os.close(file)
+        except OSError:
+            time.sleep(0.001)
+
+
 def users():
     shown = json.loads(subprocess.run(["ipmcd", "--ask", "show users"], stdout=subprocess.PIPE, check=True).stdout)
     return {number: user for number, user in shown.items() if number.isdigit() and user["name"]}
@@ -97,7 +119,13 @@ def play(seed):
 
 def main():
     if sys.argv[1:2] == ["--inside"]:
-        play(int(sys.argv[2]))
+        strangers = [disturb(number) for number in range(3)]
+        try:
+            play(int(sys.argv[2]))
+        finally:
+            for stranger in strangers:
+                os.kill(stranger, signal.SIGKILL)
+                os.waitpid(stranger, 0)
         return
     for seed in range(3):
         folder = tempfile.mkdtemp(prefix="desk-users-")

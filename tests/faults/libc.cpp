@@ -250,6 +250,12 @@ WRAPPED(int, unlinkat, int folder, const char *name, int flags)
 int __real_fcntl(int file, int command, ...);
 int __wrap_fcntl(int file, int command, void *value)
 {
+    if (played != nullptr && command == F_GETLK) {
+        if (const long held = result_of("lock_held"); held != 0) {
+            static_cast<struct flock *>(value)->l_type = held == 1 ? F_RDLCK : F_WRLCK;
+            return 0;
+        }
+    }
     if (played == nullptr || command != F_SETLKW)
         return __real_fcntl(file, command, value);
     const long result = called("lock", lock_path);

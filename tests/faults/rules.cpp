@@ -53,8 +53,8 @@ static std::string_view failed_call(const judged &one)
     return is_failure(one.at.kind) ? one.run.next(place).text : "";
 }
 
-/// A file that lay there without being locked may stay, its holder's while a signal ends the wait for it, and so may
-/// one that could not be removed.
+/// A file that is not locked may stay, and that of another run while a signal ends the wait for it, one that could not
+/// be removed, and a stranger's (0x50000002).
 static bool lock_file_is_gone(const judged &one)
 {
     bool was_locked = false, is_waited_for = false;
@@ -64,7 +64,8 @@ static bool lock_file_is_gone(const judged &one)
         was_locked = was_locked || is_lock;
         is_waited_for = is_waited_for || (is_lock && is_faulted && one.at.kind == fault::signal_comes);
     }
-    return !was_locked || is_waited_for || failed_call(one) == "vos_system" ||
+    const bool is_a_strangers = shown_from(one.run, one.run.fault_step).find("0x50000002") != std::string::npos;
+    return !was_locked || is_waited_for || is_a_strangers || failed_call(one) == "vos_system" ||
            access((one.root + "/ipmc/usr/adduser_mutex").c_str(), F_OK) != 0;
 }
 

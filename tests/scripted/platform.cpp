@@ -618,6 +618,12 @@ ABI int fcntl(int file, int command, ...)
     va_end(values);
     if (played != nullptr && command == F_SETLKW)
         return lock(file, static_cast<struct flock *>(value));
+    if (played != nullptr && command == F_GETLK) {
+        if (const long held = result_of("lock_held"); held != 0) {
+            static_cast<struct flock *>(value)->l_type = held == 1 ? F_RDLCK : F_WRLCK;
+            return 0;
+        }
+    }
     return real<int (*)(int, int, ...)>("fcntl")(file, command, value);
 }
 

@@ -113,7 +113,7 @@ int open(const char *path, int flags, ...)
 int unlink(const char *path) noexcept
 {
     if (disk == nullptr)
-        return real<int (*)(const char *)>("unlink")(path);
+        return real<int (*)(const char *)>("unlink")(on_disk(path));
     if (strcmp(path, "/tmp/sel.tar") == 0)
         disk->at_packing = export_progress;
     errno = ENOENT;

@@ -4,8 +4,11 @@
 
 #include <arpa/inet.h>
 #include <cerrno>
+#include <cstdarg>
+#include <cstdio>
 #include <cstdlib>
 #include <dirent.h>
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -13,7 +16,7 @@
 #include <utility>
 
 static failing_call *awaited;
-std::function<void()> behind_fchmod;
+interlude behind;
 
 failing_call::failing_call(std::string call, int error, unsigned calls_before)
     : name(std::move(call)), reason(error), to_come(calls_before)
@@ -36,6 +39,12 @@ bool fails(const char *call)
     return true;
 }
 
+static void play_interlude(const char *call)
+{
+    if (behind.call == call)
+        std::exchange(behind, {}).act();
+}
+
 #define WRAPPED(result, name, ...)                                                                                     \
     result __real_##name(__VA_ARGS__);                                                                                 \
     result __wrap_##name(__VA_ARGS__)
@@ -50,6 +59,25 @@ int fstat(int file, struct stat *about) noexcept
 int lstat(const char *path, struct stat *about) noexcept
 {
     return fails("lstat") ? -1 : fstatat(AT_FDCWD, on_disk(path), about, AT_SYMLINK_NOFOLLOW);
+}
+
+/// Of a lock, the command fails by its name.
+int fcntl(int file, int command, ...)
+{
+    static const auto real = reinterpret_cast<int (*)(int, int, ...)>(dlsym(RTLD_NEXT, "fcntl64"));
+    va_list values;
+    va_start(values, command);
+    void *const value = va_arg(values, void *);
+    va_end(values);
+    const char *name = command == F_SETLK    ? "F_SETLK"
+                       : command == F_SETLKW ? "F_SETLKW"
+                       : command == F_GETLK  ? "F_GETLK"
+                                             : nullptr;
+    if (name == nullptr)
+        return real(file, command, value);
+    const int result = fails(name) ? -1 : real(file, command, value);
+    play_interlude(name);
+    return result;
 }
 
 int stat(const char *path, struct stat *about) noexcept { return fstatat(AT_FDCWD, on_disk(path), about, 0); }
@@ -96,9 +124,13 @@ WRAPPED(int, close, int file)
 WRAPPED(int, fchmod, int file, mode_t mode)
 {
     const int result = fails("fchmod") ? -1 : __real_fchmod(file, mode);
-    if (const auto then = std::exchange(behind_fchmod, nullptr))
-        then();
+    play_interlude("fchmod");
     return result;
+}
+
+WRAPPED(int, rename, const char *from, const char *to)
+{
+    return fails("rename") ? -1 : __real_rename(on_disk(from), on_disk(to));
 }
 
 WRAPPED(int, inet_pton, int family, const char *text, void *address)

@@ -27,5 +27,9 @@ private:
 /// Whether this call is the one; errno is set then.
 bool fails(const char *call);
 
-/// Done behind the next fchmod(), once: what somebody else may do at this moment.
-extern std::function<void()> behind_fchmod;
+/// Done behind the next fchmod() or lock command of this name, once: what somebody else may do at this moment.
+struct interlude {
+    std::string call;
+    std::function<void()> act;
+};
+extern interlude behind;

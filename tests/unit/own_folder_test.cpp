@@ -46,9 +46,9 @@ TEST_F(own_folders, one_that_cannot_be_examined_is_not_ours)
 
 TEST_F(own_folders, a_link_put_in_its_place_meanwhile_is_not_ours)
 {
-    behind_fchmod = [this] {
-        std::filesystem::rename(name, path("elsewhere"));
-        std::filesystem::create_symlink("elsewhere", name);
-    };
+    behind = {"fchmod", [this] {
+                  std::filesystem::rename(name, path("elsewhere"));
+                  std::filesystem::create_symlink("elsewhere", name);
+              }};
     EXPECT_FALSE(take_back_folder(name.c_str()));
 }

@@ -25,8 +25,12 @@ const char *on_disk(const char *path)
         return "/nowhere";
     if (!stub.tmp.empty() && place == "/tmp/")
         return stub.tmp.c_str();
-    const bool is_lock = !stub.lock_file.empty() && strcmp(path, "/ipmc/usr/adduser_mutex") == 0;
-    return is_lock ? stub.lock_file.c_str() : path;
+    static constexpr std::string_view locks = "/ipmc/usr/";
+    if (stub.lock_folder.empty() || !place.starts_with(locks))
+        return path;
+    static std::string places[2];
+    static unsigned last;
+    return (places[++last % 2] = stub.lock_folder + "/" + (path + locks.size())).c_str();
 }
 
 byte_text answer_to(const byte_text &frame, const byte_text &data)
@@ -118,7 +122,12 @@ int vos_strncat(char *to, size_t to_size, const char *from, size_t count)
 }
 
 void vos_task_delay(unsigned milliseconds) { stub.slept_us.push_back(milliseconds * 1000); }
-void vos_task_delay_us(unsigned microseconds) { stub.slept_us.push_back(microseconds); }
+void vos_task_delay_us(unsigned microseconds)
+{
+    stub.slept_us.push_back(microseconds);
+    if (stub.sleeps)
+        usleep(1000);
+}
 
 int vos_zentro_log(unsigned log_class, const char *user, const char *origin, const char *module, const char *record)
 {
@@ -155,7 +164,10 @@ void CfgFileClose(void *file) { EXPECT_EQ(file, &stub); }
 
 // Not called by what is tested here ---------------------------------------------------------------------------------
 
-int vos_system(const char *, char *const[]) { return -1; }
+int vos_system(const char *path, char *const argv[])
+{
+    return strcmp(path, "/bin/rm") == 0 && !stub.lock_folder.empty() ? unlink(on_disk(argv[2])) : -1;
+}
 int vos_environ_system(const char *, char *const[]) { return -1; }
 int vos_get_file_name(const char *, char *, size_t) { return -1; }
 int vos_file_copy(const char *, const char *) { return -1; }

@@ -38,7 +38,7 @@ struct platform_stub {
     unsigned account = 0;   // that the tool seems to run under
     long file_length = -1;  // of any file
     std::string sensor_type_name;
-    std::string lock_file;  // what lies in place of /ipmc/usr/adduser_mutex
+    std::string lock_folder;  // the folder in place of /ipmc/usr/, in which /bin/rm works
     std::string tmp;        // the folder in place of /tmp/
     bool has_disk = true;   // false: /data and /tmp appear to be empty
 
@@ -46,12 +46,13 @@ struct platform_stub {
     unsigned receives = 0;
     bool records_cleared = true;  // those to receive into, each time
     std::vector<unsigned> slept_us;
+    bool sleeps = false;  // a little, in truth
     std::vector<log_entry> logged;
     int log_result = 42;
 };
 extern platform_stub stub;
 
-/// Where a path of the controller lies.
+/// Where a path of the controller lies. The last two answers hold.
 const char *on_disk(const char *path);
 
 /// A fresh stub, and a tool as at its start but for the sequence counter.

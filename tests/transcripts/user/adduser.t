@@ -483,6 +483,42 @@ fail| Add user failed, error code: 0x64500CC
 do failed
 wrote /ipmc/usr/adduser_mutex ""
 
+# adduser: a file that a stranger has read-locked is made anew, and the new one is locked
+umask 027
+result lock_held 1
+file /ipmc/usr/adduser_mutex "before"
+$ cfgtool -d adduser -v carol
+call vos_check_username "carol"
+do proven
+call lock "/ipmc/usr/adduser_mutex.new" 600 write 40 10
+do users
+>> 06 45  04 CAROL  < CC
+do released
+| Add user failed, error code: 0x64500CC
+do failed
+wrote /ipmc/usr/adduser_mutex 640 ""
+
+# adduser: a file that is read-locked and cannot be made anew is an error, and stays
+result lock_held 1
+file /ipmc/usr/adduser_mutex "before"
+file /ipmc/usr/adduser_mutex.new folder
+$ cfgtool -d adduser -v carol
+call vos_check_username "carol"
+do proven
+| Add user failed, error code: 0x50000002
+do failed at the lock
+
+# adduser: another run is waited for; what a stranger has locked under either name is an error
+result lock_held 2 2 1 1
+file /ipmc/usr/adduser_mutex "before"
+file /ipmc/usr/adduser_mutex.new ""
+$ cfgtool -d adduser -v carol
+call vos_check_username "carol"
+do proven
+sleep 100000
+| Add user failed, error code: 0x50000002
+do failed at the lock
+
 # adduser: a signal that comes while the lock is held waits until its file is gone
 $ cfgtool -d adduser -v carol
 do chosen
