@@ -39,8 +39,8 @@ struct platform_stub {
     long file_length = -1;  // of any file
     std::string sensor_type_name;
     std::string lock_folder;  // the folder in place of /ipmc/usr/, in which /bin/rm works
-    std::string tmp;        // the folder in place of /tmp/
-    bool has_disk = true;   // false: /data and /tmp appear to be empty
+    std::string tmp;          // the folder in place of /tmp/
+    bool has_disk = true;     // false: /data and /tmp appear to be empty
 
     std::vector<byte_text> sent;
     unsigned receives = 0;

@@ -494,7 +494,7 @@ call lock "/ipmc/usr/adduser_mutex.new" 600 write 40 10
 do users
 >> 06 45  04 CAROL  < CC
 do released
-| Add user failed, error code: 0x64500CC
+fail| Add user failed, error code: 0x64500CC
 do failed
 wrote /ipmc/usr/adduser_mutex 640 ""
 
@@ -505,7 +505,7 @@ file /ipmc/usr/adduser_mutex.new folder
 $ cfgtool -d adduser -v carol
 call vos_check_username "carol"
 do proven
-| Add user failed, error code: 0x50000002
+fail| Add user failed, error code: 0x50000002
 do failed at the lock
 
 # adduser: another run is waited for; what a stranger has locked under either name is an error
@@ -516,7 +516,7 @@ $ cfgtool -d adduser -v carol
 call vos_check_username "carol"
 do proven
 sleep 100000
-| Add user failed, error code: 0x50000002
+fail| Add user failed, error code: 0x50000002
 do failed at the lock
 
 # adduser: a signal that comes while the lock is held waits until its file is gone
