@@ -68,9 +68,9 @@ bool read_leds(report &, node &area)
     if (!got.ok())
         return false;
     const uint8_t general_leds = got.value(0), application_leds = got.value(1);
-    for (uint8_t id = 0; id < std::size(names); ++id)
+    for (size_t id = 0; id < std::size(names); ++id)
         if ((general_leds & 1 << id) != 0)
-            read_led(area, id, names[id]);
+            read_led(area, uint8_t(id), names[id]);
     for (unsigned n = 0; n < application_leds && first_application_led + n <= last_led; ++n) {
         char name[8];
         snprintf(name, sizeof name, "oem%u", n + 1);

@@ -16,16 +16,16 @@ using cell = char[128];
 static void show(const node *value, cell &to)
 {
     char digits[32];
+    const char *text = "-";
     if (value == nullptr)
-        strcpy(to, "?");
+        text = "?";
     else if (value->is == node::kind::truth)
-        strcpy(to, value->truth ? "yes" : "no");
+        text = value->truth ? "yes" : "no";
     else if (value->is == node::kind::number)
-        strcpy(to, in_digits(value->number, digits));
+        text = in_digits(value->number, digits);
     else if (value->is == node::kind::text)
-        printable(value->text, to);
-    else
-        strcpy(to, "-");
+        text = value->text;
+    printable(text, to);
 }
 
 // Columns -----------------------------------------------------------------------------------------------------------
