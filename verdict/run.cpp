@@ -321,8 +321,10 @@ static int start(const orders &given, int input, int status_descriptor, const ru
 {
     posix_spawn_file_actions_t files;
     posix_spawnattr_t attributes;
+    if (posix_spawn_file_actions_init(&files) != 0 || posix_spawnattr_init(&attributes) != 0)
+        return ENOMEM;
     char **const environment = environment_for(status_descriptor);
-    if (environment == nullptr || posix_spawn_file_actions_init(&files) != 0 || posix_spawnattr_init(&attributes) != 0)
+    if (environment == nullptr)
         return ENOMEM;
     if (input >= 0)
         posix_spawn_file_actions_adddup2(&files, input, STDIN_FILENO);

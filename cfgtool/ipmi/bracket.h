@@ -13,7 +13,7 @@ public:
     /// Opens (1) or closes (0) it; returns 1 = done.
     using set_progress = int(uint8_t value);
 
-    explicit bracket(set_progress &progress);
+    explicit bracket(set_progress &by);
     ~bracket();
     bracket(const bracket &) = delete;
     bracket &operator=(const bracket &) = delete;

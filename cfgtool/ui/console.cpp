@@ -19,11 +19,12 @@ static uint32_t code_shown(const char *format, va_list values)
         while (is_conversion_modifier(*at));
         if (*at == 's')
             (void)va_arg(values, const char *);
-        else if (*at == 'f')
+        if (*at == 'f')
             (void)va_arg(values, double);
-        else if (*at != '%')
-            if (const auto number = va_arg(values, uint32_t); is_code)
-                return number;
+        if (*at == 's' || *at == 'f' || *at == '%')
+            continue;
+        if (const auto number = va_arg(values, uint32_t); is_code)
+            return number;
     }
     return 0;
 }
