@@ -26,8 +26,9 @@ static int hexadecimal_digit(char c)
 static char take_byte(std::string_view &text)
 {
     const char first = text[0];
+    const bool is_last = text.size() == 1;
     text.remove_prefix(1);
-    if (first != '\\' || text.empty())
+    if (first != '\\' || is_last)
         return first;
     const char escaped = text[0];
     if (escaped == 'x' && text.size() >= 3) {
