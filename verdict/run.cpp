@@ -291,7 +291,7 @@ private:
     status_reader &said;
     secret_words secrets;
     bool wants_word = false;
-    char line[8192];
+    char line[8192]{};
     size_t length = 0;
 };
 

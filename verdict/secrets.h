@@ -32,5 +32,5 @@ private:
     bool has_ended = false;
     const char *why = nullptr;
     size_t filled = 0, word_length = 0, word_end = 0;
-    char buffer[1024];
+    char buffer[1024]{};
 };
