@@ -46,7 +46,7 @@ struct sdr_step {
     const sdr_record *record;  // a sensor's
 };
 /// The next sensor's record; others are passed over. A record that is lost could not be read, and there may be more
-/// after it; after a failure there is no way to get on. Of both g_error_code says why.
+/// after it; after a failure the reading cannot go on. In both cases g_error_code says why.
 sdr_step sdr_next();
 
 /// Prints what the reader does: 1 or 3 its steps, 1 or 4 the records read. Stays 0 in the tool.

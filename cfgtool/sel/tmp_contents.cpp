@@ -124,7 +124,7 @@ static noted_entry entry_of(const struct statx &about, uint64_t folder, const ch
     };
 }
 
-/// False = there is no memory.
+/// False = out of memory.
 static bool add(const noted_entry &entry)
 {
     if (noted.count == noted.room) {

@@ -65,7 +65,7 @@ int set_threshold(const threshold &which, const invocation &typed)
         return 0;
     if (!typed.has_values(2))
         return usage_error("Usage: cfgtool -t sensor -d %s -v <sensorname>  <%sval>", which.dataitem, which.dataitem);
-    const double value = strtod(typed.value(1), nullptr);  // Kept: what is no number counts as 0
+    const double value = strtod(typed.value(1), nullptr);  // Kept: text that is not a number counts as 0
     if (!change_threshold(which, typed.value(0), value))
         return fail("Set sensor %s failed, error code: 0x%X", which.words, g_error_code);
     done("Set sensor %s successfully.", which.words);
